@@ -1,0 +1,21 @@
+// What a tap on a record does.
+#pragma once
+
+#include "platform/foundation/ns_object.h"
+
+class NSURL;
+
+class BBAction : public NSObject {
+ public:
+  BBAction() = delete;
+
+  /// An action that opens a URL; `callback` may be none.
+  static BBAction* actionWithLaunchURL(NSURL* url, id callback) {
+    return objc::sendToClass<"BBAction", "actionWithLaunchURL:callblock:", BBAction*>(url, callback);
+  }
+  /// An action that opens the application with that identifier; `callback` may be none.
+  static BBAction* actionWithLaunchBundleID(NSString* bundleID, id callback) {
+    return objc::sendToClass<"BBAction", "actionWithLaunchBundleID:callblock:", BBAction*>(bundleID,
+                                                                                           callback);
+  }
+};

@@ -1,0 +1,29 @@
+// A notification record.
+#pragma once
+
+#include "platform/foundation/ns_object.h"
+
+class BBAction;
+class NSDate;
+
+class BBBulletin : public NSObject {
+ public:
+  BBBulletin() = delete;
+
+  NSString* bulletinID() { return objc::send<"bulletinID", NSString*>(this); }
+  NSString* message() { return objc::send<"message", NSString*>(this); }
+  NSString* subtitle() { return objc::send<"subtitle", NSString*>(this); }
+  NSDate* lastInterruptDate() { return objc::send<"lastInterruptDate", NSDate*>(this); }
+  void setTitle(NSString* title) { objc::send<"setTitle:">(this, title); }
+  void setMessage(NSString* message) { objc::send<"setMessage:">(this, message); }
+  void setShowsMessagePreview(bool shows) { objc::send<"setShowsMessagePreview:">(this, shows); }
+  void setSubtitle(NSString* subtitle) { objc::send<"setSubtitle:">(this, subtitle); }
+  void setDateIsAllDay(bool allDay) { objc::send<"setDateIsAllDay:">(this, allDay); }
+  void setDate(NSDate* date) { objc::send<"setDate:">(this, date); }
+  void setEndDate(NSDate* date) { objc::send<"setEndDate:">(this, date); }
+  void setSection(NSString* section) { objc::send<"setSection:">(this, section); }
+  void setDefaultAction(BBAction* action) { objc::send<"setDefaultAction:">(this, action); }
+  void setPublicationDate(NSDate* date) { objc::send<"setPublicationDate:">(this, date); }
+  void setLastInterruptDate(NSDate* date) { objc::send<"setLastInterruptDate:">(this, date); }
+  void setBulletinID(NSString* identifier) { objc::send<"setBulletinID:">(this, identifier); }
+};

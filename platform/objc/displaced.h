@@ -1,0 +1,33 @@
+// Method replacement: the hooking framework's entry point and the typed slot for the implementation that a
+// replacement displaced.
+#pragma once
+
+#include "platform/objc/runtime.h"
+
+/// Replaces the class's method and stores the implementation that was in effect at `displaced`.
+extern "C" void MSHookMessageEx(Class hostClass, SEL selector, IMP replacement, IMP* displaced);
+
+namespace objc {
+
+template <typename Signature>
+class Displaced;
+
+/// The host's implementation behind a replacement. Filled once by the installer, read ever after; calling
+/// the host is one call through it. The signature includes receiver and selector.
+template <typename Result, typename... Arguments>
+class Displaced<Result(Arguments...)> {
+ public:
+  using Function = Result (*)(Arguments...);
+
+  Result operator()(Arguments... arguments) const {
+    return reinterpret_cast<Function>(implementation_)(arguments...);
+  }
+
+  /// The place that the hooking framework fills.
+  IMP* place() { return &implementation_; }
+
+ private:
+  IMP implementation_ = nullptr;
+};
+
+}  // namespace objc

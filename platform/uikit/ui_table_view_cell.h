@@ -1,0 +1,14 @@
+// One row of a table.
+#pragma once
+
+#include "platform/uikit/ui_view.h"
+
+class UILabel;
+
+class UITableViewCell : public UIView {
+ public:
+  UITableViewCell() = delete;
+
+  UILabel* textLabel() { return objc::send<"textLabel", UILabel*>(this); }
+  UIView* contentView() { return objc::send<"contentView", UIView*>(this); }
+};

@@ -1,0 +1,6 @@
+// The load-time initialiser.
+namespace {
+
+[[gnu::constructor]] void initialize() {}
+
+}  // namespace
