@@ -18,4 +18,8 @@ class BBAction : public NSObject {
     return objc::sendToClass<"BBAction", "actionWithLaunchBundleID:callblock:", BBAction*>(bundleID,
                                                                                            callback);
   }
+  /// None unless the action opens a URL.
+  NSURL* launchURL() { return objc::send<"launchURL", NSURL*>(this); }
+  /// None unless the action opens an application.
+  NSString* launchBundleID() { return objc::send<"launchBundleID", NSString*>(this); }
 };

@@ -11,8 +11,16 @@ class BBBulletin : public NSObject {
   BBBulletin() = delete;
 
   NSString* bulletinID() { return objc::send<"bulletinID", NSString*>(this); }
+  NSString* section() { return objc::send<"section", NSString*>(this); }
+  NSString* title() { return objc::send<"title", NSString*>(this); }
   NSString* message() { return objc::send<"message", NSString*>(this); }
   NSString* subtitle() { return objc::send<"subtitle", NSString*>(this); }
+  bool showsMessagePreview() { return objc::send<"showsMessagePreview", bool>(this); }
+  bool dateIsAllDay() { return objc::send<"dateIsAllDay", bool>(this); }
+  NSDate* date() { return objc::send<"date", NSDate*>(this); }
+  NSDate* endDate() { return objc::send<"endDate", NSDate*>(this); }
+  BBAction* defaultAction() { return objc::send<"defaultAction", BBAction*>(this); }
+  NSDate* publicationDate() { return objc::send<"publicationDate", NSDate*>(this); }
   NSDate* lastInterruptDate() { return objc::send<"lastInterruptDate", NSDate*>(this); }
   void setTitle(NSString* title) { objc::send<"setTitle:">(this, title); }
   void setMessage(NSString* message) { objc::send<"setMessage:">(this, message); }

@@ -20,6 +20,7 @@ class NSMutableArray : public NSArray {
     objc::send<"replaceObjectAtIndex:withObject:">(this, index, object);
   }
   void removeObjectAtIndex(NSUInteger index) { objc::send<"removeObjectAtIndex:">(this, index); }
+  void removeObjectIdenticalTo(NSObject* object) { objc::send<"removeObjectIdenticalTo:">(this, object); }
   void removeObject(NSObject* object) { objc::send<"removeObject:">(this, object); }
   void removeAllObjects() { objc::send<"removeAllObjects">(this); }
 };

@@ -1,0 +1,40 @@
+#include "phone/bulletinboard/bb_action.h"
+
+#include "platform/bulletinboard/bb_action.h"
+#include "platform/foundation/ns_string.h"
+#include "platform/foundation/ns_url.h"
+
+namespace phone {
+
+namespace {
+
+struct ActionState {
+  objc::Owned<NSURL> launchURL;
+  objc::Owned<NSString> launchBundleID;
+};
+
+BBAction* makeWithURL(Class, SEL, NSURL* url, id /*callback*/) {
+  auto action = objc::make<BBAction, "BBAction">();
+  stateOf<ActionState>(action.get()).launchURL = objc::Owned<NSURL>::retain(url);
+  return action.autorelease();
+}
+
+BBAction* makeWithBundleID(Class, SEL, NSString* bundleID, id /*callback*/) {
+  auto action = objc::make<BBAction, "BBAction">();
+  stateOf<ActionState>(action.get()).launchBundleID = objc::Owned<NSString>::retain(bundleID);
+  return action.autorelease();
+}
+
+}  // namespace
+
+ClassDefinition bbAction() {
+  return {.name = "BBAction",
+          .superclass = "NSObject",
+          .state = state<ActionState>(),
+          .methods = {classMethod("actionWithLaunchURL:callblock:", makeWithURL),
+                      classMethod("actionWithLaunchBundleID:callblock:", makeWithBundleID),
+                      getter<&ActionState::launchURL>("launchURL"),
+                      getter<&ActionState::launchBundleID>("launchBundleID")}};
+}
+
+}  // namespace phone

@@ -1,0 +1,33 @@
+// SBLockScreenNotificationListController, which keeps the list: it takes records from its observer, orders
+// them, tells its view about every change and decides what wakes the screen.
+#pragma once
+
+#include "phone/objc/class_definition.h"
+#include "platform/foundation/ns_mutable_array.h"
+#include "platform/springboard/sb_away_list_item.h"
+#include "platform/springboard/sb_lock_screen_notification_list_controller.h"
+
+namespace phone {
+
+/// The first Foundation version number whose list outlives an unlocking of the phone (iOS 9).
+inline constexpr double kListOutlivesUnlockSince = 1200.0;
+
+ClassDefinition sbLockScreenNotificationListController();
+
+/// The items as shown, first on top (borrowed from the controller).
+NSMutableArray* listItems(SBLockScreenNotificationListController* controller);
+
+/// Whom the controller takes records from (borrowed from the controller).
+NSObject* observerOf(SBLockScreenNotificationListController* controller);
+
+/// Adds an item that stands for no record, such as a pass.
+void insertItem(SBLockScreenNotificationListController* controller, SBAwayListItem* item);
+
+/// The phone is unlocked: the view goes. Before iOS 9 the list goes with it, so that the next locking starts
+/// with an empty one; from then on it stays until its observer withdraws its records.
+void unloadView(SBLockScreenNotificationListController* controller);
+
+/// Asks the controller to turn the screen on for the item, in the way of the running release.
+void wakeScreenFor(SBLockScreenNotificationListController* controller, SBAwayListItem* item);
+
+}  // namespace phone
