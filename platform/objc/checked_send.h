@@ -17,15 +17,18 @@ namespace objc {
 
 namespace detail {
 
+/// const, in, inout, out, bycopy, byref, oneway: none of them changes how a value is passed.
+inline bool isQualifier(char code) {
+  return code == 'r' || code == 'n' || code == 'N' || code == 'o' || code == 'O' || code == 'R' ||
+         code == 'V';
+}
+
 /// The encoding without frame offsets, qualifiers, struct names and the spellings that pass the same way.
 inline std::string normalizedEncoding(std::string_view encoding) {
   std::string normal;
   for (std::size_t i = 0; i < encoding.size(); ++i) {
     const char code = encoding[i];
-    if ((code >= '0' && code <= '9') || code == 'r' || code == 'n' || code == 'N' || code == 'o' ||
-        code == 'O' || code == 'R' || code == 'V' || code == '+' || code == '-') {
-      continue;
-    }
+    if ((code >= '0' && code <= '9') || code == '+' || code == '-' || isQualifier(code)) continue;
     if (code == '{') {
       // A struct's name is its maker's business; only its members decide how it is passed.
       normal += '{';
@@ -45,16 +48,12 @@ inline std::string normalizedEncoding(std::string_view encoding) {
     if (code == '^') {
       // All pointers pass alike; what they point to is skipped, one type long.
       normal += '^';
-      if (i + 1 < encoding.size() && encoding[i + 1] == '{') {
-        int depth = 0;
-        do {
-          ++i;
-          depth += encoding[i] == '{' ? 1 : encoding[i] == '}' ? -1 : 0;
-        } while (depth > 0 && i + 1 < encoding.size());
-      } else {
-        while (i + 1 < encoding.size() && encoding[i + 1] == '^') ++i;
+      while (i + 1 < encoding.size() && (encoding[i + 1] == '^' || isQualifier(encoding[i + 1]))) ++i;
+      int depth = 0;
+      do {
         ++i;
-      }
+        if (i < encoding.size()) depth += encoding[i] == '{' ? 1 : encoding[i] == '}' ? -1 : 0;
+      } while (depth > 0 && i + 1 < encoding.size());
       continue;
     }
     // The platforms' boolean types differ in name only.
