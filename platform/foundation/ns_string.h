@@ -30,6 +30,15 @@ class NSString : public NSObject {
   bool hasPrefix(NSString* prefix) { return objc::send<"hasPrefix:", bool>(this, prefix); }
   bool isEqualToString(NSString* other) { return objc::send<"isEqualToString:", bool>(this, other); }
   NSRange rangeOfString(NSString* searched) { return objc::send<"rangeOfString:", NSRange>(this, searched); }
+  /// Compares unit by unit, without regard to composed characters.
+  static constexpr NSUInteger kLiteralSearch = 2;
+  NSRange rangeOfString(NSString* searched, NSUInteger options) {
+    return objc::send<"rangeOfString:options:", NSRange>(this, searched, options);
+  }
+  /// Copies the units of the range, which must lie inside the text.
+  void getCharacters(char16_t* units, NSRange range) {
+    objc::send<"getCharacters:range:">(this, units, range);
+  }
   NSString* substringToIndex(NSUInteger index) {
     return objc::send<"substringToIndex:", NSString*>(this, index);
   }

@@ -55,6 +55,13 @@ inline Owned<Type> make() {
   return Owned<Type>::adopt(send<"init", Type*>(sendToClass<ClassName, "alloc", id>()));
 }
 
+/// A new instance by alloc and the named initialiser; none when the class does not exist or the initialiser
+/// gives none.
+template <typename Type, FixedString ClassName, FixedString Initializer, typename... Arguments>
+inline Owned<Type> makeWith(Arguments... arguments) {
+  return Owned<Type>::adopt(send<Initializer, Type*>(sendToClass<ClassName, "alloc", id>(), arguments...));
+}
+
 /// Puts a strong reference to `value` into a plain pointer that owns what it holds, for fields whose form
 /// other programs rely on. The old value is released last, so replacing a value with itself is safe.
 template <typename Type>

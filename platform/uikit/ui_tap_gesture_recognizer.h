@@ -6,9 +6,4 @@
 class UITapGestureRecognizer : public NSObject {
  public:
   UITapGestureRecognizer() = delete;
-
-  /// Takes over the result of alloc.
-  UITapGestureRecognizer* initWithTarget(NSObject* target, SEL action) {
-    return objc::send<"initWithTarget:action:", UITapGestureRecognizer*>(this, target, action);
-  }
 };

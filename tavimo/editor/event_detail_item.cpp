@@ -1,0 +1,85 @@
+#include "tavimo/editor/event_detail_item.h"
+
+#include "platform/eventkit/ek_event.h"
+#include "platform/foundation/literal.h"
+#include "platform/foundation/ns_log.h"
+#include "platform/uikit/ui_alert_view.h"
+#include "platform/uikit/ui_tap_gesture_recognizer.h"
+#include "tavimo/editor/associated_property.h"
+#include "tavimo/editor/event_visibility.h"
+#include "tavimo/editor/lock_screen_row.h"
+#include "tavimo/events/hidden_event_store.h"
+
+namespace tavimo {
+
+namespace {
+
+template <objc::FixedString Name>
+void setObject(EKEventDetailItemOrv* item, NSObject* value) {
+  setObjectProperty<Name>(item, nullptr, value);
+}
+
+template <objc::FixedString Name, typename Type>
+Type* getObject(EKEventDetailItemOrv* item) {
+  return static_cast<Type*>(objectProperty<Name>(item, nullptr));
+}
+
+void setShown(EKEventDetailItemOrv* item, bool shown) {
+  setFlagProperty<"showOnLockscreen">(item, nullptr, shown);
+}
+
+/// Whether `eventURI` belongs to the event that the item was pointed at last. It keeps an earlier event's
+/// text when the present one has none.
+constexpr objc::FixedString kHasEvent = "orvHasEvent";
+
+void buildRow(EKEventDetailItemOrv* item) {
+  const LockScreenRow row = makeLockScreenRow(item);
+  setObject<"cell">(item, row.cell.get());
+  setObject<"dndSwitch">(item, row.toggle.get());
+  const auto recognizer =
+      objc::makeWith<UITapGestureRecognizer, "UITapGestureRecognizer", "initWithTarget:action:">(
+          item, objc::selector<"showDisabledHelp">());
+  setObject<"tapGestureRecognizer">(item, recognizer.get());
+}
+
+}  // namespace
+
+void setEvent(EKEventDetailItemOrv* self, SEL /*selector*/, EKEvent* event, EKEventStore* /*store*/) {
+  NSString* const urlText = externalURLText(event);
+  setFlagProperty<kHasEvent>(self, nullptr, urlText != nullptr);
+  setShown(self, isShownOnLockScreen(urlText));
+  if (urlText != nullptr) setObject<"eventURI">(self, urlText);
+}
+
+UITableViewCell* detailCellInSubsection(EKEventDetailItemOrv* self, SEL /*selector*/, NSUInteger index,
+                                        NSUInteger /*subsection*/) {
+  return self->cellForSubitem(index);
+}
+
+UITableViewCell* detailCell(EKEventDetailItemOrv* self, SEL /*selector*/, NSUInteger index) {
+  if (index != 0) return nullptr;
+  if (getObject<"cell", UITableViewCell>(self) == nullptr) buildRow(self);
+  self->dndSwitch()->setOn(self->showOnLockscreen());
+  return getObject<"cell", UITableViewCell>(self);
+}
+
+void detailSwitchChanged(EKEventDetailItemOrv* self, SEL /*selector*/, UISwitch* sender) {
+  const bool shown = sender->isOn();
+  setShown(self, shown);
+  NSString* const urlText =
+      flagProperty<kHasEvent>(self, nullptr) ? getObject<"eventURI", NSString>(self) : nullptr;
+  NSString* const key = hiddenEventKey(urlText);
+  NSLog("Orv switch changed to %@. Event URI: %@, trimmed:%@"_ns, shown ? "ON"_ns : "OFF"_ns, urlText, key);
+  if (key != nullptr) setEventHidden(key, !shown);
+}
+
+void showDisabledHelp(EKEventDetailItemOrv* self, SEL /*selector*/) {
+  const auto alert = objc::makeWith<UIAlertView, "UIAlertView",
+                                    "initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:">(
+      "DnD is not available"_ns,
+      "Automatic Do Not Disturb mode is available if the event is not an all-day one, and if at least one alert is set."_ns,
+      self, "OK"_ns, static_cast<NSString*>(nullptr));
+  alert->show();
+}
+
+}  // namespace tavimo

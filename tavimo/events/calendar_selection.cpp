@@ -1,0 +1,71 @@
+#include "tavimo/events/calendar_selection.h"
+
+#include "platform/eventkit/ek_calendar.h"
+#include "platform/foundation/ns_dictionary.h"
+#include "platform/foundation/ns_mutable_array.h"
+#include "tavimo/settings/checked_objects.h"
+#include "tavimo/settings/log.h"
+#include "tavimo/settings/preference_files.h"
+
+namespace tavimo {
+
+namespace {
+
+/// Whether a list from a file holds that identifier. Entries that are no texts match nothing.
+bool holdsIdentifier(NSArray* identifiers, NSString* identifier) {
+  const NSUInteger count = identifiers->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSString* const entry = asText(identifiers->objectAtIndex(i));
+    if (entry != nullptr && entry->isEqualToString(identifier)) return true;
+  }
+  return false;
+}
+
+/// Every calendar that the user has not switched off in the Calendar app; none of them when that app's
+/// preferences cannot be read.
+void selectShownCalendars(EKEventStore* store, NSMutableArray* selection) {
+  NSDictionary* const preferences = NSDictionary::dictionaryWithContentsOfFile(calendarAppPreferencesFile());
+  if (preferences == nullptr) return;
+  logDebug<"%@ got %lu items from calendar config file">(preferences->count());
+  NSArray* const switchedOff = asArray(preferences->objectForKey("LastDeselectedCalendars"_ns));
+  NSArray* const calendars = store->calendars();
+  const NSUInteger count = calendars->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    auto* const calendar = static_cast<EKCalendar*>(calendars->objectAtIndex(i));
+    if (!holdsIdentifier(switchedOff, calendar->calendarIdentifier())) selection->addObject(calendar);
+  }
+}
+
+/// The calendars that the file's identifiers name, in the file's order; each unknown one is reported.
+void selectNamedCalendars(EKEventStore* store, NSArray* identifiers, NSMutableArray* selection) {
+  const NSUInteger count = identifiers->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSObject* const entry = identifiers->objectAtIndex(i);
+    NSString* const identifier = asText(entry);
+    EKCalendar* const calendar = identifier == nullptr ? nullptr : store->calendarWithIdentifier(identifier);
+    if (calendar == nullptr) {
+      logAlways("%@ unable to find calendar with UUID %@, skipping"_ns, entry);
+    } else {
+      selection->addObject(calendar);
+    }
+  }
+}
+
+}  // namespace
+
+NSArray* selectedCalendars(EKEventStore* store) {
+  NSMutableArray* const selection = NSMutableArray::array();
+  if (onlySelectedCalendars) {
+    selectShownCalendars(store, selection);
+    return selection;
+  }
+  NSArray* const identifiers = NSArray::arrayWithContentsOfFile(calendarSelectionFile());
+  if (identifiers->count() == 0) {
+    logAlways("%@ no enabled calendars found, not searching the DB!"_ns);
+    return nullptr;
+  }
+  selectNamedCalendars(store, identifiers, selection);
+  return selection;
+}
+
+}  // namespace tavimo

@@ -1,0 +1,51 @@
+// One row of the installation table: which method of which host class is replaced or added, and by what. A
+// replacement whose signature does not fit its slot does not compile.
+#pragma once
+
+#include <span>
+#include <type_traits>
+
+#include "platform/objc/displaced.h"
+#include "platform/objc/encoding.h"
+
+namespace tavimo {
+
+struct HookEntry {
+  const char* className;
+  const char* selector;
+  IMP replacement;
+  /// Where the host's implementation is kept; none for a method that is added.
+  IMP* displaced;
+  /// The type encoding of a method that is added; none for a replacement.
+  const char* encoding;
+};
+
+template <typename Result, typename Self, typename... Arguments>
+HookEntry replaceMethod(const char* className, const char* selector,
+                        Result (*replacement)(Self*, SEL, Arguments...),
+                        objc::Displaced<Result(Self*, SEL, std::type_identity_t<Arguments>...)>& displaced) {
+  return {className, selector, reinterpret_cast<IMP>(replacement), displaced.place(), nullptr};
+}
+
+template <typename Result, typename Self, typename... Arguments>
+HookEntry addMethod(const char* className, const char* selector, Result (*method)(Self*, SEL, Arguments...)) {
+  return {className, selector, reinterpret_cast<IMP>(method), nullptr,
+          objc::MethodEncoding<Result, Arguments...>::value.c_str()};
+}
+
+/// Installs one entry on the class.
+void install(const HookEntry& entry, Class hostClass);
+
+/// Installs the entries in order; each class is looked up once, just before its first entry.
+void install(std::span<const HookEntry> entries);
+
+/// The lock screen entries, in installation order.
+std::span<const HookEntry> homeScreenEntries();
+
+/// The entries of the event editor and the event view, in installation order.
+std::span<const HookEntry> editorEntries();
+
+/// The entries of the run-time class EKEventDetailItemOrv, in installation order.
+std::span<const HookEntry> detailItemEntries();
+
+}  // namespace tavimo

@@ -1,0 +1,37 @@
+#include "tavimo/lockscreen/color_tag.h"
+
+#include "platform/objc/owned.h"
+#include "tavimo/settings/checked_objects.h"
+#include "tavimo/settings/color_strings.h"
+#include "tavimo/settings/log.h"
+
+namespace tavimo {
+
+namespace {
+
+/// "TVM|" and a colour text of seven characters.
+constexpr NSUInteger kTagLength = 11;
+
+}  // namespace
+
+NSString* colorTag(UIColor* calendarColor) {
+  const auto colorText = objc::Owned<NSString>::adopt(hexStringForColor(calendarColor));
+  return NSString::stringWithFormat("TVM|%@"_ns, colorText.get());
+}
+
+UIColor* taggedColor(BBBulletin* bulletin) {
+  NSString* const message = asText(bulletin->message());
+  if (message->length() < kTagLength) {
+    logAlways("%@ did not find custom color string! (2)"_ns);
+    return UIColor::whiteColor();
+  }
+  NSArray* const fields = message->componentsSeparatedByString("|"_ns);
+  if (fields->count() < 2) {
+    logAlways("%@ did not find custom color string! (1)"_ns);
+    return UIColor::whiteColor();
+  }
+  return objc::Owned<UIColor>::adopt(colorFromHexString(static_cast<NSString*>(fields->objectAtIndex(1))))
+      .autorelease();
+}
+
+}  // namespace tavimo

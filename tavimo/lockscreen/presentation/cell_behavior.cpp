@@ -1,0 +1,29 @@
+#include "tavimo/lockscreen/presentation/cell_behavior.h"
+
+#include "tavimo/lockscreen/list_items.h"
+#include "tavimo/lockscreen/presentation/cell_row.h"
+#include "tavimo/settings/log.h"
+
+namespace tavimo {
+
+namespace {
+
+bool staysOpaque(SBLockScreenBulletinCell* cell, CGFloat alpha) {
+  NSIndexPath* const indexPath = indexPathOfCell(cell);
+  if (indexPath->row() == 0 && indexPath->section() == 0) return true;
+  if (publisherOfItem(listItemAt(indexPath)) != Publisher::kOwn) return false;
+  logDebug<"%@ cell setContentAlpha, setting to custom. Orig = %f">(static_cast<double>(alpha));
+  return true;
+}
+
+}  // namespace
+
+id initWithStyle(SBLockScreenBulletinCell* self, SEL selector, NSInteger style, NSString* reuseIdentifier) {
+  return initWithStyleDisplaced(self, selector, style, isEnabled ? nullptr : reuseIdentifier);
+}
+
+void setContentAlpha(SBLockScreenBulletinCell* self, SEL selector, CGFloat alpha) {
+  setContentAlphaDisplaced(self, selector, isEnabled && staysOpaque(self, alpha) ? CGFloat{1.0} : alpha);
+}
+
+}  // namespace tavimo

@@ -1,0 +1,15 @@
+// Which row of the list a cell stands in.
+#pragma once
+
+#include "platform/uikit/ns_index_path.h"
+#include "platform/uikit/ui_table_view.h"
+
+namespace tavimo {
+
+/// The nearest table view that encloses the view, or none.
+UITableView* tableViewForCell(UIView* view);
+
+/// The cell's row; none for a cell outside a table. None reads as row 0 of section 0.
+NSIndexPath* indexPathOfCell(UIView* cell);
+
+}  // namespace tavimo

@@ -1,0 +1,55 @@
+#include "tavimo/lockscreen/presentation/item_behavior.h"
+
+#include "tavimo/lockscreen/color_tag.h"
+#include "tavimo/lockscreen/list_items.h"
+#include "tavimo/settings/image_utilities.h"
+#include "tavimo/settings/log.h"
+
+namespace tavimo {
+
+namespace {
+
+constexpr double kDotDiameter = 30.0;
+constexpr double kLargeDotDiameter = 50.0;
+
+/// Whether a list item is the plug-in's own. Both callers are methods of the list item class itself, so the
+/// record's identifier alone decides. Not every release's items can be asked for their record.
+bool isOwn(SBAwayBulletinListItem* item) {
+  if (!item->respondsToSelector(objc::selector<"activeBulletin">())) {
+    logDebug<"%@ SBAwayBulletinListItem not responding to the required selector, ignoring">();
+    return false;
+  }
+  return isEnabled && publisherOf(item->activeBulletin()) == Publisher::kOwn;
+}
+
+UIImage* dot(BBBulletin* bulletin, double diameter) {
+  return coloredDot(taggedColor(bulletin), diameter).autorelease();
+}
+
+}  // namespace
+
+UIImage* iconImage(SBAwayBulletinListItem* self, SEL selector) {
+  if (!isOwn(self)) return iconImageDisplaced(self, selector);
+  if (iconFile->isEqualToString("NONE"_ns)) return nullptr;
+  if (iconFile->isEqualToString("DOT"_ns)) return dot(self->activeBulletin(), kDotDiameter);
+  if (iconFile->isEqualToString("DOT_LARGE"_ns)) return dot(self->activeBulletin(), kLargeDotDiameter);
+  return icon;
+}
+
+bool canBeClearedByNotificationCenter(SBAwayBulletinListItem* self, SEL selector) {
+  return isOwn(self) ? false : canBeClearedDisplaced(self, selector);
+}
+
+bool canEditRow(SBLockScreenNotificationListView* self, SEL selector, UITableView* tableView,
+                NSIndexPath* indexPath) {
+  if (isEnabled) {
+    if (SBAwayBulletinListItem* const item = asBulletinListItem(listItemAt(indexPath)); item != nullptr) {
+      BBBulletin* const bulletin = item->activeBulletin();
+      if (debugMode) NSLog("Cell active bulletin: %@"_ns, bulletin->bulletinID());
+      if (publisherOf(bulletin) == Publisher::kOwn) return false;
+    }
+  }
+  return canEditRowDisplaced(self, selector, tableView, indexPath);
+}
+
+}  // namespace tavimo

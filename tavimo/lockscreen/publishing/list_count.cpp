@@ -1,0 +1,34 @@
+#include "tavimo/lockscreen/publishing/list_count.h"
+
+#include "platform/objc/ivar.h"
+#include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/lockscreen/publishing/custom_items.h"
+#include "tavimo/settings/log.h"
+
+namespace tavimo {
+
+namespace {
+
+void removeUnderlays() {
+  logDebug<"%@ SBLockScreenNotificationListController count removing NotificationList underlay">();
+  sBLockScreenView->removeLockContentUnderlay("NotificationList"_ns);
+  logDebug<"%@ SBLockScreenNotificationListController count removing %@ underlay">(
+      lastOverlayContextRequester);
+  sBLockScreenView->removeLockContentUnderlay(lastOverlayContextRequester);
+}
+
+}  // namespace
+
+NSUInteger count(SBLockScreenNotificationListController* self, SEL selector) {
+  const NSUInteger counted = countDisplaced(self, selector);
+  if (!isEnabled) return counted;
+  auto* const listItems = objc::readIvar<NSMutableArray>(self, "_listItems");
+  if (debugMode) {
+    logAlways("%@ SBLockScreenNotificationListController listitems count=%lu"_ns, listItems->count());
+  }
+  const bool onlyCustom = onlyCustomItemsAreDisplayed(listItems);
+  if (onlyCustom && wallpaperBlurMode != 0) removeUnderlays();
+  return counted;
+}
+
+}  // namespace tavimo

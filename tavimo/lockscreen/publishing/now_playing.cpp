@@ -1,0 +1,64 @@
+#include "tavimo/lockscreen/publishing/now_playing.h"
+
+#include "platform/foundation/ns_mutable_array.h"
+#include "platform/objc/ivar.h"
+#include "tavimo/lockscreen/list_items.h"
+#include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/settings/checked_objects.h"
+#include "tavimo/settings/log.h"
+
+namespace tavimo {
+
+namespace {
+
+/// Long enough for the host to finish bringing the screen up.
+constexpr double kRemovalDelaySeconds = 5.0;
+
+/// The records of the own items, in list order. Collected before any is removed: removing changes the list.
+objc::Owned<NSMutableArray> ownBulletins(NSArray* listItems) {
+  auto bulletins = objc::make<NSMutableArray, "NSMutableArray">();
+  const NSUInteger count = listItems->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSObject* const item = listItems->objectAtIndex(i);
+    if (publisherOfItem(item) == Publisher::kOwn) {
+      bulletins->addObject(static_cast<SBAwayBulletinListItem*>(item)->activeBulletin());
+    }
+  }
+  return bulletins;
+}
+
+}  // namespace
+
+id initWithPluginName(SBLockScreenPluginOverlayContext* self, SEL selector, NSString* pluginName,
+                      NSObject* pluginController, NSObject* lockScreenViewController) {
+  if (hideOnNowPlayingScreen && isEnabled) {
+    if (asText(pluginName)->isEqualToString("NowPlayingArtLockScreen"_ns)) {
+      logDebug<"%@ detected Now Playing Screen">();
+      self->performSelector(objc::selector<"removeCustomBulletins">(), nullptr, kRemovalDelaySeconds);
+    } else {
+      logDebug<"%@ SBLockScreenPluginOverlayContext plugin is %@">(pluginName);
+    }
+  }
+  return initWithPluginNameDisplaced(self, selector, pluginName, pluginController, lockScreenViewController);
+}
+
+void removeCustomBulletins(SBLockScreenPluginOverlayContext* /*self*/, SEL /*selector*/) {
+  SBLockScreenNotificationListController* const controller = sBLockScreenNotificationListController;
+  if (controller == nullptr) {
+    logDebug<"%@ hideOnNowPlayingScreen is enabled, but SBLockScreenNotificationListController is nil!">();
+    return;
+  }
+  auto* const listItems = objc::readIvar<NSArray>(controller, "_listItems");
+  logDebug<"%@ SBLockScreenPluginOverlayContext listitems count=%lu, tvm count=%ld">(listItems->count(),
+                                                                                     tvmItemsCount);
+  if (tvmItemsCount < 1) return;
+  const objc::Owned<NSMutableArray> bulletins = ownBulletins(listItems);
+  const NSUInteger count = bulletins->count();
+  logDebug<"%@ SBLockScreenPluginOverlayContext removing %lu bulletins">(count);
+  for (NSUInteger i = 0; i < count; ++i) {
+    controller->removeBulletin(objc::readIvar<NSObject>(controller, "_observer"),
+                               static_cast<BBBulletin*>(bulletins->objectAtIndex(i)));
+  }
+}
+
+}  // namespace tavimo

@@ -1,0 +1,40 @@
+#include "tavimo/settings/item_ordering.h"
+
+#include "platform/foundation/ns_array.h"
+#include "platform/foundation/ns_calendar.h"
+#include "platform/foundation/ns_date_components.h"
+#include "platform/objc/owned.h"
+#include "tavimo/settings/log.h"
+#include "tavimo/settings/preference_files.h"
+
+namespace tavimo {
+
+namespace {
+
+constexpr NSInteger kYearsAtEnds = 10;
+constexpr NSInteger kFirstDayOffset = 360;
+
+}  // namespace
+
+void readItemOrdering() {
+  const auto groups = objc::makeWith<NSArray, "NSArray", "initWithContentsOfFile:">(itemOrderingFile());
+  sortPriority = kNoOrdering;
+  const NSUInteger system = groups ? groups->indexOfObject("System Items"_ns) : NSNotFound;
+  if (system == NSNotFound) {
+    logAlways("%@ system sort priority not found, no custom sorting of items will be done!"_ns);
+    return;
+  }
+  const NSUInteger own = groups->indexOfObject("Orvessa"_ns);
+  if (own == NSNotFound) return;
+  const auto position = static_cast<NSInteger>(own);
+  sortPriority = own < system ? kYearsAtEnds - position : -kYearsAtEnds - position;
+}
+
+NSDate* orderingDate(NSUInteger position) {
+  const auto offset = objc::make<NSDateComponents, "NSDateComponents">();
+  offset->setYear(sortPriority);
+  offset->setDay(kFirstDayOffset - static_cast<NSInteger>(position));
+  return NSCalendar::currentCalendar()->dateByAddingComponents(offset.get(), NSDate::date(), 0);
+}
+
+}  // namespace tavimo
