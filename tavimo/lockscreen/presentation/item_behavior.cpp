@@ -15,6 +15,8 @@ constexpr double kLargeDotDiameter = 50.0;
 /// Whether a list item is the plug-in's own. Both callers are methods of the list item class itself, so the
 /// record's identifier alone decides. Not every release's items can be asked for their record.
 bool isOwn(SBAwayBulletinListItem* item) {
+  // While disabled, asking what the item can do would only serve the debug message.
+  if (!isEnabled && !debugMode) return false;
   if (!item->respondsToSelector(objc::selector<"activeBulletin">())) {
     logDebug<"%@ SBAwayBulletinListItem not responding to the required selector, ignoring">();
     return false;

@@ -32,7 +32,7 @@ bool isDecidedHere(NSString* requester) {
 }  // namespace
 
 id initWithFrame(SBLockScreenView* self, SEL selector, CGRect frame) {
-  objc::assignStrong(sBLockScreenView, self);
+  if (sBLockScreenView != self) objc::assignStrong(sBLockScreenView, self);
   return initWithFrameDisplaced(self, selector, frame);
 }
 
