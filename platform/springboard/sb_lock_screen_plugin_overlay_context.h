@@ -6,4 +6,12 @@
 class SBLockScreenPluginOverlayContext : public NSObject {
  public:
   SBLockScreenPluginOverlayContext() = delete;
+
+  /// Takes over the result of alloc.
+  SBLockScreenPluginOverlayContext* initWithPluginName(NSString* name, NSObject* pluginController,
+                                                       NSObject* lockScreenViewController) {
+    return objc::send<"initWithPluginName:pluginController:lockScreenViewController:",
+                      SBLockScreenPluginOverlayContext*>(this, name, pluginController,
+                                                         lockScreenViewController);
+  }
 };
