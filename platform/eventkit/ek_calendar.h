@@ -9,5 +9,6 @@ class EKCalendar : public NSObject {
   EKCalendar() = delete;
 
   NSString* calendarIdentifier() { return objc::send<"calendarIdentifier", NSString*>(this); }
+  NSString* title() { return objc::send<"title", NSString*>(this); }
   CGColorRef getCGColor() { return objc::send<"CGColor", CGColorRef>(this); }
 };

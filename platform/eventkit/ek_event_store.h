@@ -4,6 +4,7 @@
 #include "platform/foundation/ns_object.h"
 
 class EKCalendar;
+class EKEvent;
 class NSArray;
 class NSDate;
 
@@ -16,6 +17,23 @@ class EKEventStore : public NSObject {
   /// None when no calendar has that identifier.
   EKCalendar* calendarWithIdentifier(NSString* identifier) {
     return objc::send<"calendarWithIdentifier:", EKCalendar*>(this, identifier);
+  }
+  /// None when there is no calendar.
+  EKCalendar* defaultCalendarForNewEvents() {
+    return objc::send<"defaultCalendarForNewEvents", EKCalendar*>(this);
+  }
+  /// The event, or a recurring event's first occurrence (borrowed); none when there is none.
+  EKEvent* eventWithIdentifier(NSString* identifier) {
+    return objc::send<"eventWithIdentifier:", EKEvent*>(this, identifier);
+  }
+  /// Whether later occurrences of a recurring event change with the one that is saved or removed.
+  enum Span : NSInteger { kThisEvent = 0, kFutureEvents = 1 };
+  /// False when the database refused; `error` is then an NSError (borrowed).
+  bool saveEvent(EKEvent* event, Span span, NSObject** error) {
+    return objc::send<"saveEvent:span:error:", bool>(this, event, static_cast<NSInteger>(span), error);
+  }
+  bool removeEvent(EKEvent* event, Span span, NSObject** error) {
+    return objc::send<"removeEvent:span:error:", bool>(this, event, static_cast<NSInteger>(span), error);
   }
   NSObject* predicateForEvents(NSDate* start, NSDate* end, NSArray* calendars) {
     return objc::send<"predicateForEventsWithStartDate:endDate:calendars:", NSObject*>(this, start, end,
