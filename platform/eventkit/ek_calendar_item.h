@@ -14,9 +14,6 @@ class EKCalendarItem : public NSObject {
   void setTitle(NSString* title) { objc::send<"setTitle:">(this, title); }
   NSString* location() { return objc::send<"location", NSString*>(this); }
   void setLocation(NSString* location) { objc::send<"setLocation:">(this, location); }
-  NSString* notes() { return objc::send<"notes", NSString*>(this); }
-  void setNotes(NSString* notes) { objc::send<"setNotes:">(this, notes); }
-  NSURL* getURL() { return objc::send<"URL", NSURL*>(this); }
   bool hasRecurrenceRules() { return objc::send<"hasRecurrenceRules", bool>(this); }
   EKCalendar* calendar() { return objc::send<"calendar", EKCalendar*>(this); }
   void setCalendar(EKCalendar* calendar) { objc::send<"setCalendar:">(this, calendar); }
