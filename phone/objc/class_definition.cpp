@@ -62,6 +62,11 @@ void destroyInstance(id self, SEL) {
   }
 }
 
+/// The runtime takes no variable whose name a superclass has already, so each class's state has its own.
+std::string stateIvarName(const ClassDefinition& definition) {
+  return "_stateOf" + std::string(definition.name);
+}
+
 void addIvars(Class target, const ClassDefinition& definition) {
   for (const IvarDefinition& ivar : definition.ivars) {
     if (!isAvailable(ivar.availability)) continue;
@@ -71,10 +76,10 @@ void addIvars(Class target, const ClassDefinition& definition) {
   }
   if (!definition.state) return;
   const std::string encoding = "[" + std::to_string(definition.state->size) + "c]";
-  if (!class_addIvar(target, "_state", definition.state->size,
+  if (!class_addIvar(target, stateIvarName(definition).c_str(), definition.state->size,
                      static_cast<std::uint8_t>(std::countr_zero(definition.state->alignment)),
                      encoding.c_str())) {
-    fail(definition.name, "its instance variable cannot be added:", "_state");
+    fail(definition.name, "its instance variable cannot be added:", "its state");
   }
 }
 
@@ -96,7 +101,8 @@ InstanceLayout layoutOf(Class target, const ClassDefinition& definition) {
     layout.strongIvars.push_back(ivar_getOffset(class_getInstanceVariable(target, ivar.name)));
   }
   if (definition.state) {
-    *definition.state->offset = ivar_getOffset(class_getInstanceVariable(target, "_state"));
+    *definition.state->offset =
+        ivar_getOffset(class_getInstanceVariable(target, stateIvarName(definition).c_str()));
     layout.state = definition.state;
   }
   return layout;

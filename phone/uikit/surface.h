@@ -1,0 +1,28 @@
+// Pixel memory: Cairo image surfaces with shared ownership. Pixels are premultiplied, 32 bits each.
+#pragma once
+
+#include <cairo.h>
+#include <filesystem>
+#include <memory>
+
+namespace phone {
+
+/// Shared; none when empty.
+using Surface = std::shared_ptr<cairo_surface_t>;
+
+/// Takes over a surface that the caller owns.
+Surface adoptSurface(cairo_surface_t* surface);
+
+/// True when a picture of that size in pixels is worth allocating: at least one pixel, at most 50 million.
+bool isUsablePixelSize(double width, double height);
+
+/// A new surface, transparent. None when the size in pixels is not usable or there is no memory for it.
+Surface makeSurface(double width, double height);
+
+/// A copy that shares nothing with the original. None when there is no memory for it.
+Surface copySurface(const Surface& original);
+
+/// Writes the picture as a PNG file, whole or not at all. Throws std::runtime_error with the reason.
+void writePng(const Surface& surface, const std::filesystem::path& path);
+
+}  // namespace phone

@@ -1,0 +1,127 @@
+#include "phone/uikit/type_face.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+
+#include "phone/uikit/font_map.h"
+#include "phone/uikit/layout_text.h"
+
+namespace phone {
+
+namespace {
+
+/// Sizes beyond it are shaped at this size and stretched; Pango's own numbers end at some thousands.
+constexpr double kMostShapedPoints = 1000;
+/// No line shows more characters than this, so a longer text is cut before it is drawn.
+constexpr NSUInteger kMostDrawnUnits = 4000;
+
+PangoContext* makeContext() {
+  PangoContext* const context = pango_font_map_create_context(fontMap());
+  // Not the machine's language: it would choose other fonts for the same characters.
+  pango_context_set_language(context, pango_language_from_string("en"));
+  pango_context_set_round_glyph_positions(context, FALSE);
+  cairo_font_options_t* const options = cairo_font_options_create();
+  cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+  cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+  pango_cairo_context_set_font_options(context, options);
+  cairo_font_options_destroy(options);
+  return context;
+}
+
+PangoContext* measuringContext() {
+  static PangoContext* const context = makeContext();
+  return context;
+}
+
+/// Follows the transformation of each canvas it draws on.
+PangoContext* drawingContext() {
+  static PangoContext* const context = makeContext();
+  return context;
+}
+
+PangoLayout* makeLayout(PangoContext* context, const PangoFontDescription* description) {
+  PangoLayout* const layout = pango_layout_new(context);
+  pango_layout_set_font_description(layout, description);
+  pango_layout_set_single_paragraph_mode(layout, TRUE);
+  return layout;
+}
+
+}  // namespace
+
+std::shared_ptr<TypeFace> TypeFace::find(FontWeight weight, double points) {
+  // A size that is no number would never be found again.
+  if (std::isnan(points)) points = 0;
+  static std::map<std::pair<FontWeight, double>, std::shared_ptr<TypeFace>> faces;
+  constexpr std::size_t kMostKept = 64;
+  const std::pair key(weight, points);
+  if (const auto known = faces.find(key); known != faces.end()) return known->second;
+  if (faces.size() >= kMostKept) faces.clear();
+  return faces.emplace(key, std::make_shared<TypeFace>(weight, points)).first->second;
+}
+
+TypeFace::TypeFace(FontWeight weight, double points)
+    : weight_(weight),
+      points_(points),
+      shapedPoints_(std::clamp(points, 0.0, kMostShapedPoints)),
+      ratio_(points > kMostShapedPoints ? points / kMostShapedPoints : 1),
+      description_(pango_font_description_new()) {
+  pango_font_description_set_family_static(description_, kSystemFontFamily);
+  pango_font_description_set_weight(description_, static_cast<PangoWeight>(weight));
+  pango_font_description_set_absolute_size(description_, shapedPoints_ * PANGO_SCALE);
+  if (!(shapedPoints_ > 0)) return;
+  PangoFontMetrics* const metrics = pango_context_get_metrics(measuringContext(), description_, nullptr);
+  ascent_ = ratio_ * pango_font_metrics_get_ascent(metrics) / PANGO_SCALE;
+  descent_ = ratio_ * pango_font_metrics_get_descent(metrics) / PANGO_SCALE;
+  pango_font_metrics_unref(metrics);
+}
+
+TypeFace::~TypeFace() {
+  if (layout_ != nullptr) g_object_unref(layout_);
+  pango_font_description_free(description_);
+}
+
+double TypeFace::lineHeight() const { return std::ceil(ascent_ + descent_); }
+
+CGSize TypeFace::measure(NSString* text) {
+  if (!(shapedPoints_ > 0) || text->length() == 0) return {};
+  if (layout_ == nullptr) layout_ = makeLayout(measuringContext(), description_);
+  const std::string& utf8 = layoutText(text, std::numeric_limits<NSUInteger>::max()).utf8;
+  pango_layout_set_text(layout_, utf8.data(), static_cast<int>(utf8.size()));
+  PangoRectangle line;
+  pango_layout_get_extents(layout_, nullptr, &line);
+  return {std::ceil(ratio_ * line.width / PANGO_SCALE), lineHeight()};
+}
+
+void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment alignment,
+                    const Rgba& color) {
+  const double width = rect.size.width;
+  if (!(shapedPoints_ > 0) || !(width > 0) || text->length() == 0) return;
+  pango_cairo_update_context(canvas, drawingContext());
+  PangoLayout* const layout = makeLayout(drawingContext(), description_);
+  const auto [utf8, isWhole] = layoutText(text, kMostDrawnUnits);
+  pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
+  pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
+  // A little room, so that a text in a frame of exactly its measured width is whole.
+  constexpr double kRoom = 0.01;
+  const double mostWidth = std::min(width + kRoom, 1e6);
+  pango_layout_set_width(layout, static_cast<int>(mostWidth * PANGO_SCALE));
+  PangoLayoutLine* const line = pango_layout_get_line_readonly(layout, 0);
+  PangoRectangle extents;
+  pango_layout_line_get_extents(line, nullptr, &extents);
+  const double spare = width - static_cast<double>(extents.width) / PANGO_SCALE;
+  const double share = alignment == TextAlignment::kRight ? 1 : alignment == TextAlignment::kCenter ? 0.5 : 0;
+  const double top = rect.origin.y + (rect.size.height - (ascent_ + descent_)) / 2;
+  cairo_save(canvas);
+  cairo_new_path(canvas);
+  cairo_set_source_rgba(canvas, color.red, color.green, color.blue, color.alpha);
+  cairo_move_to(canvas, rect.origin.x + spare * share, top + ascent_);
+  pango_cairo_show_layout_line(canvas, line);
+  cairo_new_path(canvas);
+  cairo_restore(canvas);
+  g_object_unref(layout);
+}
+
+}  // namespace phone

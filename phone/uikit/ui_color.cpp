@@ -1,0 +1,131 @@
+// Colours: named ones are one object each, as on the phone.
+#include "phone/uikit/ui_color.h"
+
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "phone/objc/class_definition.h"
+#include "phone/uikit/definitions.h"
+
+namespace phone {
+
+namespace {
+
+struct ColorState {
+  CGColor color;
+};
+
+UIColor* colorWithRed(Class, SEL, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
+  return makeColor(rgbColor(red, green, blue, alpha)).autorelease();
+}
+
+UIColor* colorWithWhite(Class, SEL, CGFloat white, CGFloat alpha) {
+  return makeColor(greyColor(white, alpha)).autorelease();
+}
+
+UIColor* colorWithCGColor(Class, SEL, CGColorRef color) {
+  if (color == nullptr) return nullptr;
+  return makeColor(*color).autorelease();
+}
+
+UIColor* initWithRed(UIColor* self, SEL, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
+  stateOf<ColorState>(self).color = rgbColor(red, green, blue, alpha);
+  return self;
+}
+
+UIColor* initWithWhite(UIColor* self, SEL, CGFloat white, CGFloat alpha) {
+  stateOf<ColorState>(self).color = greyColor(white, alpha);
+  return self;
+}
+
+struct NamedRgb {
+  double red, green, blue;
+};
+struct NamedGrey {
+  double white, alpha;
+};
+
+/// A class method that gives the same object at every call.
+template <auto Components>
+MethodDefinition namedColor(const char* selector) {
+  UIColor* (*const get)(Class, SEL) = [](Class, SEL) {
+    static UIColor* const color = [] {
+      if constexpr (std::is_same_v<decltype(Components), const NamedGrey>) {
+        return makeColor(greyColor(Components.white, Components.alpha)).relinquish();
+      } else {
+        return makeColor(rgbColor(Components.red, Components.green, Components.blue, 1)).relinquish();
+      }
+    }();
+    return color;
+  };
+  return classMethod(selector, get);
+}
+
+CGColorRef getCGColor(UIColor* self, SEL) { return &stateOf<ColorState>(self).color; }
+
+bool isEqual(UIColor* self, SEL, NSObject* other) {
+  if (other == nullptr || !other->isKindOfClass(objc::classNamed<"UIColor">())) return false;
+  return stateOf<ColorState>(self).color == stateOf<ColorState>(other).color;
+}
+
+NSUInteger hash(UIColor* self, SEL) {
+  const CGColor& color = stateOf<ColorState>(self).color;
+  NSUInteger mixed = color.count;
+  for (const CGFloat component : color.components) {
+    mixed = mixed * 31 + std::hash<CGFloat>()(component);
+  }
+  return mixed;
+}
+
+NSString* description(UIColor* self, SEL) {
+  const CGColor& color = stateOf<ColorState>(self).color;
+  std::string text = color.count == 2 ? "UIDeviceWhiteColorSpace" : "UIDeviceRGBColorSpace";
+  for (std::size_t i = 0; i < color.count; ++i) {
+    char number[32];
+    std::snprintf(number, sizeof number, " %g", color.components[i]);
+    text += number;
+  }
+  return NSString::stringWithUTF8String(text.c_str());
+}
+
+}  // namespace
+
+objc::Owned<UIColor> makeColor(const CGColor& color) {
+  auto made = objc::make<UIColor, "UIColor">();
+  stateOf<ColorState>(made.get()).color = color;
+  return made;
+}
+
+Rgba rgbaOf(UIColor* color) { return rgbaOf(color->getCGColor()); }
+
+ClassDefinition uiColor() {
+  return {.name = "UIColor",
+          .superclass = "NSObject",
+          .state = state<ColorState>(),
+          .methods = {
+              classMethod("colorWithRed:green:blue:alpha:", colorWithRed),
+              classMethod("colorWithWhite:alpha:", colorWithWhite),
+              classMethod("colorWithCGColor:", colorWithCGColor),
+              namedColor<NamedRgb{1, 0, 0}>("redColor"),
+              namedColor<NamedRgb{0, 1, 0}>("greenColor"),
+              namedColor<NamedRgb{0, 0, 1}>("blueColor"),
+              namedColor<NamedRgb{1, 1, 0}>("yellowColor"),
+              namedColor<NamedRgb{1, 0.5, 0}>("orangeColor"),
+              namedColor<NamedRgb{0.5, 0, 0.5}>("purpleColor"),
+              namedColor<NamedRgb{0.6, 0.4, 0.2}>("brownColor"),
+              namedColor<NamedGrey{0, 1}>("blackColor"),
+              namedColor<NamedGrey{0.5, 1}>("grayColor"),
+              namedColor<NamedGrey{2.0 / 3, 1}>("lightGrayColor"),
+              namedColor<NamedGrey{1, 1}>("whiteColor"),
+              namedColor<NamedGrey{0, 0}>("clearColor"),
+              method("initWithRed:green:blue:alpha:", initWithRed),
+              method("initWithWhite:alpha:", initWithWhite),
+              method("CGColor", getCGColor),
+              method("isEqual:", isEqual),
+              method("hash", hash),
+              method("description", description),
+          }};
+}
+
+}  // namespace phone

@@ -1,0 +1,82 @@
+#include "phone/uikit/ui_switch.h"
+
+#include "phone/uikit/definitions.h"
+#include "phone/uikit/ui_control.h"
+#include "phone/uikit/ui_graphics.h"
+#include "phone/uikit/view_drawing.h"
+
+namespace phone {
+
+namespace {
+
+constexpr CGSize kSize = {51, 31};
+
+struct SwitchState {
+  bool on = false;
+};
+
+/// A switch has one size.
+UISwitch* initWithFrame(UISwitch* self, SEL selector, CGRect frame) {
+  return objc::sendSuper<UISwitch*>(objc::classNamed<"UIControl">(), self, selector,
+                                    CGRect{frame.origin, kSize});
+}
+
+void setFrame(UISwitch* self, SEL selector, CGRect frame) {
+  objc::sendSuper(objc::classNamed<"UIControl">(), self, selector, CGRect{frame.origin, kSize});
+}
+
+CGSize sizeThatFits(UISwitch*, SEL, CGSize) { return kSize; }
+
+void setOnAnimated(UISwitch* self, SEL, bool on, bool) { self->setOn(on); }
+
+void drawRect(UISwitch* self, SEL, CGRect) {
+  cairo_t* const canvas = currentCanvas();
+  if (canvas == nullptr) return;
+  constexpr double kRim = 1.5;
+  constexpr double kKnob = kSize.height - 2 * kRim;
+  const bool on = stateOf<SwitchState>(self).on;
+  addRoundedRect(canvas, {{0, 0}, kSize}, kSize.height / 2);
+  on ? cairo_set_source_rgb(canvas, 0.30, 0.85, 0.39) : cairo_set_source_rgb(canvas, 0.90, 0.90, 0.90);
+  cairo_fill(canvas);
+  const double left = on ? kSize.width - kRim - kKnob : kRim;
+  if (!on) {
+    addRoundedRect(canvas, {{kRim, kRim}, {kSize.width - 2 * kRim, kKnob}}, kKnob / 2);
+    cairo_set_source_rgb(canvas, 1, 1, 1);
+    cairo_fill(canvas);
+  }
+  // The knob's shadow: a soft edge below it.
+  for (int step = 3; step >= 1; --step) {
+    addRoundedRect(canvas, {{left, kRim + step * 0.9}, {kKnob, kKnob}}, kKnob / 2);
+    cairo_set_source_rgba(canvas, 0, 0, 0, 0.06);
+    cairo_fill(canvas);
+  }
+  addRoundedRect(canvas, {{left, kRim}, {kKnob, kKnob}}, kKnob / 2);
+  cairo_set_source_rgb(canvas, 1, 1, 1);
+  cairo_fill(canvas);
+}
+
+}  // namespace
+
+bool flipSwitch(UISwitch* toggle) {
+  if (toggle == nullptr || !stateOf<ControlState>(toggle).enabled) return false;
+  toggle->setOn(!toggle->isOn());
+  objc::send<"sendActionsForControlEvents:">(toggle, NSUInteger{UISwitch::kValueChanged});
+  return true;
+}
+
+ClassDefinition uiSwitch() {
+  return {.name = "UISwitch",
+          .superclass = "UIControl",
+          .state = state<SwitchState>(),
+          .methods = {
+              method("initWithFrame:", initWithFrame),
+              method("setFrame:", setFrame),
+              method("sizeThatFits:", sizeThatFits),
+              getter<&SwitchState::on>("isOn"),
+              setter<&SwitchState::on>("setOn:"),
+              method("setOn:animated:", setOnAnimated),
+              method("drawRect:", drawRect),
+          }};
+}
+
+}  // namespace phone

@@ -1,0 +1,57 @@
+// Views: the hierarchy, frames and layout. A view owns its subviews; a subview knows its superview without
+// owning it.
+#pragma once
+
+#include <vector>
+
+#include "phone/objc/class_definition.h"
+#include "platform/uikit/ui_color.h"
+#include "platform/uikit/ui_view.h"
+
+namespace phone {
+
+struct ViewState {
+  CGRect frame{};
+  /// Where the view's own coordinates begin; a scrolled view's content offset.
+  CGPoint boundsOrigin{};
+  /// Not owned.
+  UIView* superview = nullptr;
+  std::vector<objc::Owned<UIView>> subviews;
+  objc::Owned<UIColor> backgroundColor;
+  std::vector<objc::Owned<NSObject>> gestureRecognizers;
+  NSUInteger autoresizingMask = 0;
+  NSInteger tag = 0;
+  CGFloat alpha = 1;
+  bool hidden = false;
+  bool clipsToBounds = false;
+  bool autoresizesSubviews = true;
+  bool userInteractionEnabled = true;
+  bool needsLayout = true;
+
+  ~ViewState();
+};
+
+/// What an autoresizing mask lets grow and shrink with the superview.
+enum Autoresizing : NSUInteger {
+  kFlexibleLeftMargin = 1,
+  kFlexibleWidth = 2,
+  kFlexibleRightMargin = 4,
+  kFlexibleTopMargin = 8,
+  kFlexibleHeight = 16,
+  kFlexibleBottomMargin = 32,
+};
+
+/// The frame of a subview after its superview's size changed.
+CGRect resizedFrame(CGRect frame, NSUInteger mask, CGSize oldSize, CGSize newSize);
+
+/// The methods of UIView that add, move and remove subviews.
+std::vector<MethodDefinition> viewHierarchyMethods();
+
+/// A new view of that class, by alloc and initWithFrame:.
+template <typename View, objc::FixedString ClassName>
+objc::Owned<View> makeView(CGRect frame = {}) {
+  return objc::Owned<View>::adopt(
+      objc::send<"initWithFrame:", View*>(objc::sendToClass<ClassName, "alloc", id>(), frame));
+}
+
+}  // namespace phone
