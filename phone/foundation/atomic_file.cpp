@@ -20,6 +20,9 @@ namespace {
 constexpr std::string_view kTemporaryMark = ".writing-";
 constexpr std::string_view kTemporaryEnd = "XXXXXX";
 
+/// Beyond any file of a phone's settings: a sparse file can claim more than there is memory.
+constexpr off_t kLargestFile = 256 << 20;
+
 [[noreturn]] void fail(const char* what, const std::filesystem::path& file, int reason) {
   throw std::runtime_error(std::string("cannot ") + what + " " + file.string() + ": " +
                            std::strerror(reason));
@@ -102,6 +105,7 @@ std::string readWholeFile(const std::filesystem::path& file) {
   if (!opened || fstat(opened.number(), &status) != 0) fail("read", file, errno);
   if (S_ISDIR(status.st_mode)) fail("read", file, EISDIR);
   if (!S_ISREG(status.st_mode)) throw std::runtime_error("cannot read " + file.string() + ": it is no file");
+  if (status.st_size > kLargestFile) fail("read", file, EFBIG);
   std::string content(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t length = 0;
   while (length < content.size()) {

@@ -45,12 +45,13 @@ double foundationVersionOf(const std::string& release) {
 void startFoundation(const HostOptions& options) {
   const AutoreleasePool pool;
   const double version = foundationVersionOf(options.release);
+  // Foundation logs a complaint of its own about a zone that it cannot read.
+  installLogSink();
   setTimeZone(options.timeZone);
+  clearLog();
   NSFoundationVersionNumber = version;
   currentOptions() = options;
   endOnUnknownSelectors();
-  installLogSink();
-  clearLog();
   installPropertyListFiles();
   mendUrls();
   setClock(options.now);

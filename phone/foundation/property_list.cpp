@@ -1,14 +1,10 @@
 #include "phone/foundation/property_list.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <limits>
 #include <stdexcept>
 #include <string>
-#include <sys/stat.h>
 
 #include "phone/foundation/atomic_file.h"
+#include "phone/foundation/property_list_guard.h"
 #include "phone/foundation/property_list_tree.h"
 #include "platform/foundation/autorelease_pool.h"
 
@@ -17,7 +13,7 @@ namespace phone {
 objc::Owned<NSObject> readPropertyList(const std::filesystem::path& file, Containers containers) {
   const std::string bytes = readWholeFile(file);
   try {
-    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::runtime_error("it is too large");
+    guardStructure(bytes);
     plist_t parsed = nullptr;
     plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &parsed);
     const PropertyListTree tree(parsed);

@@ -1,7 +1,10 @@
 // libplist's tree as Foundation's objects.
+#include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
+#include "phone/foundation/property_list_guard.h"
 #include "phone/foundation/property_list_tree.h"
 #include "platform/foundation/ns_number.h"
 #include "platform/foundation/ns_string.h"
@@ -29,20 +32,25 @@ class ObjectList {
   std::vector<id> pointers_;
 };
 
-Object text(const char* utf8) {
-  // libplist gives no text for an empty one.
-  const char* const characters = utf8 == nullptr ? "" : utf8;
-  auto made = Object::adopt(
-      objc::send<"initWithUTF8String:", NSObject*>(objc::sendToClass<"NSString", "alloc", id>(), characters));
+Object text(std::string_view utf8) {
+  constexpr unsigned int kUtf8 = 4;
+  auto made = Object::adopt(objc::send<"initWithBytes:length:encoding:", NSObject*>(
+      objc::sendToClass<"NSString", "alloc", id>(), static_cast<const void*>(utf8.data()),
+      NSUInteger{utf8.size()}, kUtf8));
   if (!made) throw std::runtime_error("a text is not UTF-8");
   return made;
 }
 
+Object textOf(plist_t node) {
+  std::uint64_t length = 0;
+  const char* const utf8 = plist_get_string_ptr(node, &length);
+  return text(utf8 == nullptr ? std::string_view() : std::string_view(utf8, length));
+}
+
 Object number(plist_t node) {
   std::uint64_t value = 0;
+  // A negative integer comes with its sign in the highest bit.
   plist_get_uint_val(node, &value);
-  // A negative integer and one beyond the signed range share their bits; only the latter are too long for 64
-  // signed bits in a file, and no phone writes them.
   return Object::retain(NSNumber::numberWithInteger(static_cast<NSInteger>(value)));
 }
 
@@ -73,15 +81,20 @@ Object data(plist_t node) {
       objc::sendToClass<"NSData", "alloc", id>(), static_cast<const void*>(bytes), NSUInteger{length}));
 }
 
+struct Free {
+  void operator()(void* memory) const { std::free(memory); }
+};
+
+/// libplist's iterator over a container, owned.
+std::unique_ptr<void, Free> iteratorOf(plist_t node, void (*make)(plist_t, void**)) {
+  void* made = nullptr;
+  make(node, &made);
+  return std::unique_ptr<void, Free>(made);
+}
+
 Object array(plist_t node, Containers containers, int depth) {
   ObjectList items;
-  const std::unique_ptr<void, decltype(&std::free)> iterator(
-      [node] {
-        plist_array_iter made = nullptr;
-        plist_array_new_iter(node, &made);
-        return made;
-      }(),
-      &std::free);
+  const auto iterator = iteratorOf(node, plist_array_new_iter);
   for (;;) {
     plist_t item = nullptr;
     plist_array_next_item(node, iterator.get(), &item);
@@ -96,18 +109,12 @@ Object array(plist_t node, Containers containers, int depth) {
 Object dictionary(plist_t node, Containers containers, int depth) {
   ObjectList keys;
   ObjectList values;
-  const std::unique_ptr<void, decltype(&std::free)> iterator(
-      [node] {
-        plist_dict_iter made = nullptr;
-        plist_dict_new_iter(node, &made);
-        return made;
-      }(),
-      &std::free);
+  const auto iterator = iteratorOf(node, plist_dict_new_iter);
   for (;;) {
     char* key = nullptr;
     plist_t value = nullptr;
     plist_dict_next_item(node, iterator.get(), &key, &value);
-    const std::unique_ptr<char, decltype(&std::free)> ownedKey(key, &std::free);
+    const std::unique_ptr<char, Free> ownedKey(key);
     if (value == nullptr) break;
     keys.add(text(key));
     values.add(build(value, containers, depth + 1));
@@ -128,7 +135,7 @@ Object build(plist_t node, Containers containers, int depth) {
     case PLIST_REAL:
       return real(node);
     case PLIST_STRING:
-      return text(plist_get_string_ptr(node, nullptr));
+      return textOf(node);
     case PLIST_ARRAY:
       return array(node, containers, depth);
     case PLIST_DICT:

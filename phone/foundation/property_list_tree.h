@@ -16,9 +16,6 @@ struct PropertyListFree {
 /// A libplist tree, owned.
 using PropertyListTree = std::unique_ptr<std::remove_pointer_t<plist_t>, PropertyListFree>;
 
-/// Deeper lists are refused: they come from mistakes or ill will, and every level costs stack.
-inline constexpr int kMaximumDepth = 1000;
-
 /// Throws std::runtime_error with the reason when the tree holds what has no object here, or broken texts.
 objc::Owned<NSObject> objectOf(plist_t tree, Containers containers);
 

@@ -1,10 +1,15 @@
 // Foundation's objects as libplist's tree.
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "phone/foundation/property_list_guard.h"
 #include "phone/foundation/property_list_tree.h"
 #include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_date.h"
@@ -76,14 +81,20 @@ plist_t array(NSArray* value, int depth) {
 }
 
 plist_t dictionary(NSDictionary* value, int depth) {
-  PropertyListTree made(plist_new_dict());
   NSArray* const keys = value->allKeys();
   const NSUInteger count = keys->count();
+  // Sorted, so that a dictionary always makes the same file.
+  std::vector<std::pair<std::string_view, NSObject*>> sorted;
+  sorted.reserve(count);
   for (NSUInteger i = 0; i < count; ++i) {
     NSObject* const key = keys->objectAtIndex(i);
     if (!is<"NSString">(key)) throw std::runtime_error("a dictionary has a key that is no text");
-    plist_dict_set_item(made.get(), bytesOf(static_cast<NSString*>(key)),
-                        build(value->objectForKey(key), depth + 1));
+    sorted.emplace_back(bytesOf(static_cast<NSString*>(key)), key);
+  }
+  std::sort(sorted.begin(), sorted.end());
+  PropertyListTree made(plist_new_dict());
+  for (const auto& [utf8, key] : sorted) {
+    plist_dict_set_item(made.get(), utf8.data(), build(value->objectForKey(key), depth + 1));
   }
   return made.release();
 }

@@ -20,7 +20,8 @@ struct InstanceLayout {
 };
 
 std::map<Class, InstanceLayout>& layouts() {
-  static std::map<Class, InstanceLayout> all;
+  // Never destroyed: objects are released until the very end of the process.
+  static auto& all = *new std::map<Class, InstanceLayout>;
   return all;
 }
 
