@@ -20,15 +20,16 @@ namespace objc {
 
 namespace detail {
 
-#if !defined(__GNU_LIBOBJC__)
-// 32-bit ARM returns every struct larger than a register through memory, by an entry point of its own.
+#if defined(__arm__) && !defined(__GNU_LIBOBJC__)
+/// 32-bit ARM returns every struct larger than a register through memory, by an entry point of its own.
 template <typename Result>
-inline constexpr bool kReturnsThroughMemory =
-#if defined(__arm__)
-    std::is_class_v<Result> && (sizeof(Result) > 4);
-#else
-    false;
-#endif
+constexpr bool returnsThroughMemory() {
+  if constexpr (std::is_class_v<Result>) {
+    return sizeof(Result) > 4;
+  } else {
+    return false;
+  }
+}
 #endif
 
 }  // namespace detail
@@ -43,7 +44,7 @@ inline Result send(const void* receiver, SEL selector, Arguments... arguments) {
 #if defined(__GNU_LIBOBJC__)
   return reinterpret_cast<Method>(objc_msg_lookup(object, selector))(object, selector, arguments...);
 #elif defined(__arm__)
-  if constexpr (detail::kReturnsThroughMemory<Result>) {
+  if constexpr (detail::returnsThroughMemory<Result>()) {
     return reinterpret_cast<Method>(&objc_msgSend_stret)(object, selector, arguments...);
   } else {
     return reinterpret_cast<Method>(&objc_msgSend)(object, selector, arguments...);
@@ -70,11 +71,14 @@ inline Result sendSuper(Class superclass, const void* receiver, SEL selector, Ar
   target.super_class = superclass;
   using Method = Result (*)(objc_super*, SEL, Arguments...);
 #if defined(__arm__)
-  if constexpr (detail::kReturnsThroughMemory<Result>) {
+  if constexpr (detail::returnsThroughMemory<Result>()) {
     return reinterpret_cast<Method>(&objc_msgSendSuper_stret)(&target, selector, arguments...);
+  } else {
+    return reinterpret_cast<Method>(&objc_msgSendSuper)(&target, selector, arguments...);
   }
-#endif
+#else
   return reinterpret_cast<Method>(&objc_msgSendSuper)(&target, selector, arguments...);
+#endif
 #endif
 }
 
