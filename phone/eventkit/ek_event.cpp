@@ -1,0 +1,89 @@
+#include "phone/eventkit/ek_objects.h"
+#include "platform/foundation/literal.h"
+
+namespace phone {
+
+namespace {
+
+objc::Owned<NSDate> dateAt(Seconds instant) {
+  return objc::Owned<NSDate>::retain(
+      NSDate::dateWithTimeIntervalSinceReferenceDate(static_cast<double>(instant)));
+}
+
+EKEvent* eventWithEventStore(Class, SEL, EKEventStore* store) {
+  auto event = objc::make<EKEvent, "EKEvent">();
+  auto& item = stateOf<CalendarItemState>(event.get());
+  item.title = objc::Owned<NSString>::retain(""_ns);
+  item.calendar =
+      objc::Owned<EKCalendar>::retain(objc::send<"defaultCalendarForNewEvents", EKCalendar*>(store));
+  return event.autorelease();
+}
+
+NSString* identifier(EKEvent* self, SEL) { return identifierOf(self); }
+
+EKPersistentEvent* persistentEvent(EKEvent* self, SEL) {
+  auto& event = stateOf<EventState>(self);
+  NSString* const text = identifierOf(self);
+  if (text != nullptr && !event.persistentEvent) {
+    event.persistentEvent = objc::make<EKPersistentEvent, "EKPersistentEvent">();
+    stateOf<PersistentEventState>(event.persistentEvent.get()).identifier =
+        objc::Owned<NSString>::retain(text);
+  }
+  return event.persistentEvent.get();
+}
+
+bool isDetached(EKEvent* self, SEL) {
+  const auto& stored = stateOf<CalendarItemState>(self).stored;
+  return stored && stored->replaces;
+}
+
+NSString* describe(EKEvent* self, SEL) {
+  return NSString::stringWithFormat("<EKEvent %@: %@>"_ns, identifierOf(self), self->title());
+}
+
+/// What was made from the stored occurrence must be made anew.
+void setStored(EKEvent* event, std::optional<EventOccurrence> stored, std::string calendar) {
+  auto& item = stateOf<CalendarItemState>(event);
+  item.stored = std::move(stored);
+  item.storedCalendar = std::move(calendar);
+  item.identifier = {};
+  item.address = {};
+  stateOf<EventState>(event).persistentEvent = {};
+}
+
+}  // namespace
+
+void showOccurrence(EKEvent* object, const EventOccurrence& occurrence, EKCalendar* calendar) {
+  setStored(object, occurrence, stateOf<CalendarState>(calendar).record.identifier);
+  auto& item = stateOf<CalendarItemState>(object);
+  item.title = makeString(occurrence.title);
+  item.location = occurrence.location ? makeString(*occurrence.location) : objc::Owned<NSString>();
+  item.calendar = objc::Owned<EKCalendar>::retain(calendar);
+  auto& event = stateOf<EventState>(object);
+  event.startDate = dateAt(occurrence.start);
+  event.endDate = dateAt(occurrence.end);
+  event.isAllDay = occurrence.isAllDay;
+}
+
+void forgetOccurrence(EKEvent* event) { setStored(event, std::nullopt, {}); }
+
+objc::Owned<EKEvent> makeEvent(const EventOccurrence& occurrence, EKCalendar* calendar) {
+  auto event = objc::make<EKEvent, "EKEvent">();
+  showOccurrence(event.get(), occurrence, calendar);
+  return event;
+}
+
+ClassDefinition ekEvent() {
+  using State = EventState;
+  return {.name = "EKEvent",
+          .superclass = "EKCalendarItem",
+          .state = state<State>(),
+          .methods = {classMethod("eventWithEventStore:", eventWithEventStore),
+                      getter<&State::startDate>("startDate"), setter<&State::startDate>("setStartDate:"),
+                      getter<&State::endDate>("endDate"), setter<&State::endDate>("setEndDate:"),
+                      getter<&State::isAllDay>("isAllDay"), setter<&State::isAllDay>("setAllDay:"),
+                      method("eventIdentifier", identifier), method("_persistentEvent", persistentEvent),
+                      method("isDetached", isDetached), method("description", describe)}};
+}
+
+}  // namespace phone

@@ -1,0 +1,73 @@
+// How the store's objects carry what they show, and how the store makes them.
+#pragma once
+
+#include "phone/eventkit/calendar_database.h"
+#include "phone/eventkit/event_query.h"
+#include "phone/objc/class_definition.h"
+#include "platform/eventkit/ek_calendar.h"
+#include "platform/eventkit/ek_event.h"
+#include "platform/eventkit/ek_event_store.h"
+#include "platform/eventkit/ek_persistent_event.h"
+#include "platform/foundation/ns_array.h"
+#include "platform/foundation/ns_date.h"
+#include "platform/foundation/ns_string.h"
+#include "platform/foundation/ns_url.h"
+#include "platform/uikit/ui_color.h"
+
+namespace phone {
+
+struct CalendarState {
+  CalendarRecord record;
+  objc::Owned<NSString> identifier;
+  objc::Owned<NSString> title;
+  objc::Owned<UIColor> color;
+};
+
+struct CalendarItemState {
+  objc::Owned<NSString> title;
+  objc::Owned<NSString> location;
+  objc::Owned<EKCalendar> calendar;
+  /// The stored occurrence behind the item, and the calendar that it is stored in; none for a new event that
+  /// was never saved.
+  std::optional<EventOccurrence> stored;
+  std::string storedCalendar;
+  /// Made when first asked for.
+  objc::Owned<NSString> identifier;
+  objc::Owned<NSURL> address;
+};
+
+struct EventState {
+  objc::Owned<NSDate> startDate;
+  objc::Owned<NSDate> endDate;
+  objc::Owned<EKPersistentEvent> persistentEvent;
+  bool isAllDay = false;
+};
+
+struct PersistentEventState {
+  objc::Owned<NSString> identifier;
+};
+
+ClassDefinition ekCalendar();
+ClassDefinition ekCalendarItem();
+ClassDefinition ekEvent();
+ClassDefinition ekEventPredicate();
+ClassDefinition ekEventStore();
+ClassDefinition ekPersistentEvent();
+
+/// A text from the database. Never none: what is no UTF-8 reads as an empty text.
+objc::Owned<NSString> makeString(const std::string& text);
+
+objc::Owned<EKCalendar> makeCalendar(const CalendarRecord& record);
+
+objc::Owned<EKEvent> makeEvent(const EventOccurrence& occurrence, EKCalendar* calendar);
+
+/// Makes the event show that occurrence, as after a save.
+void showOccurrence(EKEvent* event, const EventOccurrence& occurrence, EKCalendar* calendar);
+
+/// Makes the event one that was never saved, as after it was removed.
+void forgetOccurrence(EKEvent* event);
+
+/// The text of the item's identifier (borrowed), or none for an item that was never saved.
+NSString* identifierOf(EKCalendarItem* item);
+
+}  // namespace phone

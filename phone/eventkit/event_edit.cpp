@@ -1,0 +1,159 @@
+#include "phone/eventkit/event_edit.h"
+
+#include <algorithm>
+
+#include "phone/eventkit/event_table.h"
+#include "phone/eventkit/identifiers.h"
+#include "phone/eventkit/series_edit.h"
+
+namespace phone {
+
+namespace {
+
+/// Midnight of the day that the instant falls on where the phone is.
+Seconds localMidnight(const EditContext& context, Seconds instant) {
+  return dayOf(context.phoneZone.toWall(instant)) * kSecondsPerDay;
+}
+
+/// Takes over what the draft says. A timed event keeps its zone; one that has none gets the phone's.
+void applyDraft(const EditContext& context, const EventDraft& draft, EventRecord& event) {
+  event.calendar = draft.calendar;
+  event.title = draft.title;
+  event.location = draft.location;
+  if (draft.isAllDay) {
+    event.zone.reset();
+    event.start = localMidnight(context, draft.start);
+    // The end is the last second of the last day, or the midnight after it.
+    event.end =
+        std::max(localMidnight(context, std::max(draft.end - 1, draft.start)), event.start) + kSecondsPerDay;
+  } else {
+    if (!event.zone && (event.isAllDay || event.uid.empty())) event.zone = context.phoneZone;
+    event.start = event.zone ? draft.start : context.phoneZone.toWall(draft.start);
+    event.end = event.start + std::max<Seconds>(draft.end - draft.start, 0);
+  }
+  event.isAllDay = draft.isAllDay;
+  event.revision += 1;
+  event.modified = context.now;
+}
+
+bool isFirst(const EventRecord& event, const EventOccurrence& occurrence) {
+  return occurrence.storedStart <= event.start;
+}
+
+/// A calendar holds each uid once; an event that moves to where its uid is taken gets another.
+void avoidTakenUid(const EditContext& context, std::int64_t row, EventRecord& event) {
+  const auto taken = findEvent(context.database, event.calendar, event.uid, event.replaces);
+  if (taken && *taken != row) event.uid = randomIdentifier();
+}
+
+std::int64_t changeWhole(const EditContext& context, std::int64_t row, const EventRecord& before,
+                         const EventDraft& draft) {
+  EventRecord after = before;
+  applyDraft(context, draft, after);
+  avoidTakenUid(context, row, after);
+  if (before.repeats()) {
+    moveRepetitions(after, before);
+    moveReplacements(context.database, before, after, before.start);
+  }
+  replaceEvent(context.database, row, after);
+  return row;
+}
+
+std::int64_t changeOne(const EditContext& context, const EventRecord& series,
+                       const EventOccurrence& occurrence, const EventDraft& draft) {
+  EventRecord one = series;
+  one.rules.clear();
+  one.added.clear();
+  one.excluded.clear();
+  one.replaces = repetitionAt(series, occurrence.storedStart);
+  applyDraft(context, draft, one);
+  // The repetition is found by calendar and uid; only its own series' calendar can hold it.
+  one.calendar = series.calendar;
+  const auto row = insertEvent(context.database, one);
+  if (!row) throw DatabaseError("this occurrence was changed by another process meanwhile");
+  return *row;
+}
+
+std::int64_t changeTail(const EditContext& context, std::int64_t row, const EventRecord& series,
+                        const EventOccurrence& occurrence, const EventDraft& draft) {
+  EventRecord tail = series;
+  keepTail(tail, occurrence.storedStart);
+  tail.uid = randomIdentifier();
+  tail.start = occurrence.storedStart;
+  tail.end = tail.start + series.duration();
+  const EventRecord unmoved = tail;
+  applyDraft(context, draft, tail);
+  moveRepetitions(tail, unmoved);
+  const auto added = insertEvent(context.database, tail);
+  if (!added) throw DatabaseError("the new series could not be added");
+  EventRecord from = unmoved;
+  from.calendar = series.calendar;
+  from.uid = series.uid;
+  moveReplacements(context.database, from, tail, occurrence.storedStart);
+  EventRecord head = series;
+  keepHead(head, occurrence.storedStart);
+  replaceEvent(context.database, row, head);
+  return *added;
+}
+
+}  // namespace
+
+EventOccurrence addEvent(const EditContext& context, const EventDraft& draft) {
+  Transaction transaction(context.database.connection());
+  EventRecord event;
+  applyDraft(context, draft, event);
+  event.uid = randomIdentifier();
+  const auto row = insertEvent(context.database, event);
+  if (!row) throw DatabaseError("the event could not be added");
+  EventOccurrence added = firstOccurrence(context.database, *row, context.phoneZone);
+  transaction.commit();
+  return added;
+}
+
+EventOccurrence changeEvent(const EditContext& context, const EventOccurrence& occurrence,
+                            const EventDraft& draft, EditSpan span) {
+  Transaction transaction(context.database.connection());
+  const EventRecord before = readEvent(context.database, occurrence.event);
+  std::int64_t row = 0;
+  if (!before.repeats() || (span == EditSpan::kFutureOccurrences && isFirst(before, occurrence))) {
+    row = changeWhole(context, occurrence.event, before, draft);
+  } else if (span == EditSpan::kThisOccurrence) {
+    row = changeOne(context, before, occurrence, draft);
+  } else {
+    row = changeTail(context, occurrence.event, before, occurrence, draft);
+  }
+  EventOccurrence changed = firstOccurrence(context.database, row, context.phoneZone);
+  transaction.commit();
+  return changed;
+}
+
+void deleteEvent(const EditContext& context, const EventOccurrence& occurrence, EditSpan span) {
+  Transaction transaction(context.database.connection());
+  EventRecord event = readEvent(context.database, occurrence.event);
+  if (event.replaces) {
+    // The repetition that it stood in for must not come back.
+    const auto series = findEvent(context.database, event.calendar, event.uid, std::nullopt);
+    if (series) {
+      EventRecord record = readEvent(context.database, *series);
+      record.excluded.push_back(*event.replaces);
+      replaceEvent(context.database, *series, record);
+    }
+    removeEvent(context.database, occurrence.event);
+  } else if (!event.repeats() || (span == EditSpan::kFutureOccurrences && isFirst(event, occurrence))) {
+    removeReplacements(context.database, event, event.start);
+    removeEvent(context.database, occurrence.event);
+  } else {
+    if (span == EditSpan::kThisOccurrence) {
+      event.excluded.push_back(repetitionAt(event, occurrence.storedStart));
+    } else {
+      removeReplacements(context.database, event, occurrence.storedStart);
+      keepHead(event, occurrence.storedStart);
+    }
+    event.revision += 1;
+    event.modified = context.now;
+    replaceEvent(context.database, occurrence.event, event);
+  }
+  transaction.commit();
+}
+
+}  // namespace phone

@@ -1,0 +1,69 @@
+// An event as the database keeps it: one row of its own, with the rules and dates of its repetitions.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "phone/eventkit/calendar_time.h"
+#include "phone/eventkit/event_zone.h"
+
+namespace phone {
+
+/// How one repetition of an event is named: by the instant at which it would start, by the wall time (events
+/// without a zone), or by the day alone.
+enum class RepetitionKind : int { kInstant = 1, kWallTime = 2, kDay = 3 };
+
+struct RepetitionName {
+  RepetitionKind kind;
+  /// Seconds; of a day, its midnight as a wall time.
+  Seconds value;
+
+  bool operator==(const RepetitionName&) const = default;
+  auto operator<=>(const RepetitionName&) const = default;
+};
+
+/// A repetition that is not made by a rule.
+struct AddedDate {
+  Seconds start;
+  Seconds end;
+
+  bool operator==(const AddedDate&) const = default;
+};
+
+/// Times are instants, except for events without a zone (all-day ones among them): theirs are wall times,
+/// valid wherever the phone is. The end of an all-day event is the midnight after its last day.
+struct EventRecord {
+  std::int64_t calendar = 0;
+  std::string uid;
+  /// Which repetition of the event with the same uid this one stands in for; none: it stands for itself.
+  std::optional<RepetitionName> replaces = std::nullopt;
+  std::string title = {};
+  /// None: the event has no location.
+  std::optional<std::string> location = std::nullopt;
+  bool isAllDay = false;
+  /// None: the event's times are wall times.
+  std::optional<EventZone> zone = std::nullopt;
+  Seconds start = 0;
+  Seconds end = 0;
+
+  /// Recurrence rules as storedRule() gives them.
+  std::vector<std::string> rules = {};
+  std::vector<RepetitionName> excluded = {};
+  std::vector<AddedDate> added = {};
+
+  /// Whether the event came from a file; the others were made on the phone.
+  bool isImported = false;
+  /// Which of two versions of an event is the newer one: first by revision, then by time of change.
+  std::int64_t revision = 0;
+  Seconds modified = 0;
+
+  bool repeats() const { return !rules.empty() || !added.empty() || !excluded.empty(); }
+  Seconds duration() const { return end - start; }
+  Seconds wallStart() const { return zone ? zone->toWall(start) : start; }
+};
+
+/// True when both say the same, leaving versions and origin aside.
+bool sameContent(const EventRecord& left, const EventRecord& right);
+
+}  // namespace phone

@@ -1,0 +1,119 @@
+#include "phone/eventkit/recurrence_rule.h"
+
+#include <algorithm>
+
+#include "phone/eventkit/day_filter.h"
+#include "phone/eventkit/ical_owned.h"
+#include "phone/eventkit/subday_rule.h"
+
+namespace phone {
+
+namespace {
+
+/// Every combination of date and weekday comes round in this time, except for the rarest leap years.
+constexpr std::int64_t kDaysUntilDatesRepeat = 28 * 366;
+
+/// The wall time of the rule's last moment. Files write it as an instant, as a wall time or as a whole day.
+Seconds wallUntil(const icaltimetype& until, const EventZone* zone) {
+  const Seconds seconds = wallSeconds(until);
+  if (until.is_date != 0) return seconds + kSecondsPerDay - 1;
+  return icaltime_is_utc(until) != 0 && zone != nullptr ? zone->toWall(seconds) : seconds;
+}
+
+}  // namespace
+
+std::optional<RecurrenceRule> RecurrenceRule::fromFile(icalrecurrencetype rule, Seconds wallStart,
+                                                       const EventZone* zone) {
+  if (icaltime_is_null_time(rule.until) == 0) rule.until = icalTime(wallUntil(rule.until, zone));
+  RecurrenceRule read(rule, wallStart);
+  if (read.lastStart() < wallStart) return std::nullopt;
+  const std::int64_t day = dayOf(wallStart);
+  const std::int64_t last = day + kDaysUntilDatesRepeat * std::max<std::int64_t>(rule.interval, 1);
+  constexpr std::int64_t kFarthestDay = 3'000'000;  // Beyond the last year.
+  if (DayFilter(rule, wallStart).firstWithin(day, std::min(last, kFarthestDay)) >
+      std::min(last, kFarthestDay)) {
+    return std::nullopt;
+  }
+  if (rule.count > 0 && !read.endCounted()) return std::nullopt;
+  return read;
+}
+
+/// Replaces a number of occurrences by the time of the last one. False when only the start is left.
+bool RecurrenceRule::endCounted() {
+  const int count = rule_.count;
+  rule_.count = 0;
+  if (count > kLargestCount) return true;
+  std::vector<Seconds> starts;
+  const auto wanted = static_cast<std::size_t>(count);
+  if (repeatsWithinDay(rule_)) {
+    // The walk looks at every day on its own, so a rule that hardly ever fits is given up after a while.
+    appendSubdayOccurrences(rule_, wallStart_, wallStart_,
+                            wallStart_ + kDaysUntilDatesRepeat * kSecondsPerDay, wanted, starts);
+  } else {
+    const OwnedIterator iterator(icalrecur_iterator_new(rule_, icalTime(wallStart_)));
+    if (iterator == nullptr) return false;
+    while (starts.size() < wanted) {
+      const icaltimetype next = icalrecur_iterator_next(iterator.get());
+      if (icaltime_is_null_time(next) != 0) break;
+      starts.push_back(wallSeconds(next));
+    }
+  }
+  // The start counts as the first occurrence, also where the rule itself leaves it out.
+  if (!starts.empty() && starts.front() != wallStart_ && starts.size() == wanted) starts.pop_back();
+  if (starts.empty()) return false;
+  rule_.until = icalTime(starts.back());
+  return true;
+}
+
+RecurrenceRule RecurrenceRule::fromStored(const std::string& text, Seconds wallStart) {
+  return {icalrecurrencetype_from_string(text.c_str()), wallStart};
+}
+
+std::string RecurrenceRule::text() const {
+  icalrecurrencetype copy = rule_;
+  const OwnedIcalText text(icalrecurrencetype_as_string_r(&copy));
+  return text == nullptr ? "" : text.get();
+}
+
+Seconds RecurrenceRule::lastStart() const {
+  return icaltime_is_null_time(rule_.until) != 0 ? kEndless : wallSeconds(rule_.until);
+}
+
+RecurrenceRule RecurrenceRule::endingBefore(Seconds wall) const {
+  RecurrenceRule ended = *this;
+  ended.rule_.until = icalTime(std::min(lastStart(), wall - 1));
+  return ended;
+}
+
+RecurrenceRule RecurrenceRule::shifted(Seconds shift) const {
+  RecurrenceRule moved = *this;
+  moved.wallStart_ += shift;
+  if (lastStart() != kEndless) moved.rule_.until = icalTime(lastStart() + shift);
+  return moved;
+}
+
+void RecurrenceRule::appendStarts(Seconds from, Seconds to, std::vector<Seconds>& starts) const {
+  from = std::max(from, wallStart_);
+  to = std::min(to, lastStart());
+  if (rule_.freq == ICAL_NO_RECURRENCE || from > to) return;
+  const std::size_t limit = starts.size() + kMostOccurrences;
+  if (repeatsWithinDay(rule_)) {
+    appendSubdayOccurrences(rule_, wallStart_, from, to, limit, starts);
+    return;
+  }
+  const std::int64_t firstDay = DayFilter(rule_, wallStart_).firstWithin(dayOf(from), dayOf(to));
+  if (firstDay > dayOf(to)) return;
+  const OwnedIterator iterator(icalrecur_iterator_new(rule_, icalTime(wallStart_)));
+  if (iterator == nullptr) return;
+  const Seconds begin = std::max(wallStart_, firstDay * kSecondsPerDay);
+  if (begin > wallStart_ && icalrecur_iterator_set_start(iterator.get(), icalTime(begin)) == 0) return;
+  while (starts.size() < limit) {
+    const icaltimetype next = icalrecur_iterator_next(iterator.get());
+    if (icaltime_is_null_time(next) != 0) return;
+    const Seconds start = wallSeconds(next);
+    if (start > to) return;
+    if (start >= from) starts.push_back(start);
+  }
+}
+
+}  // namespace phone
