@@ -1,0 +1,63 @@
+#include "phone/app/invocation.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+
+#include "phone/foundation/foundation.h"
+
+namespace phone {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+}  // namespace
+
+void Invocation::addOptionsTo(CLI::App& command) {
+  command.add_option("--root", rootOption_,
+                     "The folder that stands for the phone's \"/\"; else $TAVIMO_PHONE, else ./phone-root");
+  command.add_option("--plugin", pluginOption_,
+                     "The plug-in to load; else $TAVIMO_PLUGIN, else the one built with this command");
+}
+
+fs::path Invocation::rootName() const {
+  if (!rootOption_.empty()) return rootOption_;
+  const std::string named = environment("TAVIMO_PHONE");
+  return named.empty() ? "phone-root" : named;
+}
+
+fs::path Invocation::root() const {
+  const fs::path root = rootName();
+  std::error_code error;
+  if (!fs::is_directory(root / "var/mobile/Library", error)) {
+    throw std::runtime_error("there is no phone in " + root.string() +
+                             ": make one with \"phone create --root " + root.string() +
+                             "\", or name another with --root or $TAVIMO_PHONE");
+  }
+  return fs::absolute(root);
+}
+
+fs::path Invocation::plugin() const {
+  if (!pluginOption_.empty()) return pluginOption_;
+  const std::string named = environment("TAVIMO_PLUGIN");
+  if (!named.empty()) return named;
+  return fs::read_symlink("/proc/self/exe").parent_path() / TAVIMO_PLUGIN_BESIDE;
+}
+
+void Invocation::openPhone() const { startFoundation({.root = root()}); }
+
+CLI::App* addVerb(CLI::App& command, const std::string& name, const std::string& description,
+                  const std::string& example) {
+  CLI::App* const verb = command.add_subcommand(name, description);
+  verb->fallthrough();
+  verb->footer("Example:\n  " + example +
+               "\n\n--root and --plugin (see \"phone --help\") may stand here, too.");
+  return verb;
+}
+
+}  // namespace phone

@@ -1,0 +1,75 @@
+// The `phone` command: makes, fills, sets up and looks at a stand-in phone. This file parses and turns errors
+// into exit codes: 0 done, 1 could not do it, 2 wrong use.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <iostream>
+
+#include "phone/app/verbs.h"
+#include "phone/app/wrong_use.h"
+#include "platform/foundation/autorelease_pool.h"
+
+namespace phone {
+
+namespace {
+
+constexpr int kCouldNotDoIt = 1;
+constexpr int kWrongUse = 2;
+
+/// "phone settings set", as far as the verbs were understood.
+std::string spokenSoFar(const CLI::App* command) {
+  std::string words = command->get_name();
+  while (!command->get_subcommands().empty()) {
+    command = command->get_subcommands().front();
+    words += " " + command->get_name();
+  }
+  return words;
+}
+
+int refuse(const CLI::App& command, const std::string& reason) {
+  const std::string words = spokenSoFar(&command);
+  std::cerr << words << ": " << reason << "\n(\"" << words << " --help\" shows how it is used)\n";
+  return kWrongUse;
+}
+
+int run(int argc, char** argv) {
+  CLI::App command(
+      "Makes a stand-in phone, fills its calendar, sets up the plug-in, and shows the lock screen.", "phone");
+  command.footer(
+      "Example:\n  phone create\n  phone import ~/calendars/work.ics\n  phone settings set displayLocation "
+      "on\n"
+      "  phone lockscreen\n\nExit codes: 0 done, 1 could not do it, 2 wrong use.");
+  command.require_subcommand(1);
+  Invocation invocation;
+  invocation.addOptionsTo(command);
+  addCreateVerb(command, invocation);
+  addSettingsVerb(command, invocation);
+  addOrderVerb(command, invocation);
+  try {
+    command.parse(argc, argv);
+  } catch (const CLI::Success& help) {
+    return command.exit(help);
+  } catch (const CLI::ParseError& error) {
+    return refuse(command, error.what());
+  } catch (const WrongUse& error) {
+    return refuse(command, error.what());
+  } catch (const std::exception& error) {
+    std::cerr << spokenSoFar(&command) << ": " << error.what() << "\n";
+    return kCouldNotDoIt;
+  }
+  return 0;
+}
+
+}  // namespace
+
+}  // namespace phone
+
+int main(int argc, char** argv) {
+  const AutoreleasePool pool;
+  const int code = phone::run(argc, argv);
+  std::cout.flush();
+  if (!std::cout) {
+    std::cerr << "phone: the output could not be written\n";
+    return code == 0 ? phone::kCouldNotDoIt : code;
+  }
+  return code;
+}

@@ -1,0 +1,61 @@
+#include "phone/app/phone_files.h"
+
+#include <filesystem>
+
+#include "phone/app/wrong_use.h"
+#include "phone/foundation/phone_root.h"
+#include "phone/foundation/property_list.h"
+
+namespace phone {
+
+namespace {
+
+template <typename Container, objc::FixedString ClassName>
+objc::Owned<Container> readContainer(std::string_view phoneFile, const char* kind) {
+  const std::filesystem::path file = pathOnThisMachine(phoneFile);
+  if (!std::filesystem::exists(file)) return objc::make<Container, ClassName>();
+  objc::Owned<NSObject> content = readPropertyList(file, Containers::kMutable);
+  if (!content->isKindOfClass(objc::classNamed<ClassName>())) {
+    throw std::runtime_error(file.string() + ": its content is no " + kind +
+                             "; it was left as it is, remove the file to start afresh");
+  }
+  return objc::Owned<Container>::adopt(static_cast<Container*>(content.relinquish()));
+}
+
+}  // namespace
+
+objc::Owned<NSMutableDictionary> readDictionary(std::string_view phoneFile) {
+  return readContainer<NSMutableDictionary, "NSMutableDictionary">(phoneFile, "dictionary");
+}
+
+objc::Owned<NSMutableArray> readArray(std::string_view phoneFile) {
+  return readContainer<NSMutableArray, "NSMutableArray">(phoneFile, "list");
+}
+
+void writeFile(std::string_view phoneFile, NSObject* content) {
+  writePropertyList(content, pathOnThisMachine(phoneFile));
+}
+
+void removeFile(std::string_view phoneFile) {
+  const std::filesystem::path file = pathOnThisMachine(phoneFile);
+  std::error_code error;
+  std::filesystem::remove(file, error);
+  if (error) throw std::runtime_error(file.string() + ": cannot be removed: " + error.message());
+}
+
+std::string utf8(NSString* text) {
+  const char* const bytes = text->UTF8String();
+  return bytes == nullptr ? "" : bytes;
+}
+
+NSString* textObject(const std::string& text) {
+  NSString* const object = NSString::stringWithUTF8String(text.c_str());
+  if (object == nullptr) throw WrongUse("\"" + text + "\" is no UTF-8 text");
+  return object;
+}
+
+NSString* asText(NSObject* object) {
+  return object->isKindOfClass(objc::classNamed<"NSString">()) ? static_cast<NSString*>(object) : nullptr;
+}
+
+}  // namespace phone

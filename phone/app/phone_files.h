@@ -1,0 +1,44 @@
+// The files on the phone that the verbs read and write, and the two shapes that they have.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/foundation/ns_mutable_array.h"
+#include "platform/foundation/ns_mutable_dictionary.h"
+#include "platform/foundation/ns_string.h"
+#include "platform/objc/owned.h"
+
+namespace phone {
+
+inline constexpr std::string_view kSettingsFile =
+    "/var/mobile/Library/Preferences/org.quenmark.tavimoprefs.plist";
+inline constexpr std::string_view kOrderingFile =
+    "/var/mobile/Library/Preferences/org.quenmark.tavimo.sorting.plist";
+inline constexpr std::string_view kCalendarSelectionFile =
+    "/var/mobile/Library/Preferences/org.quenmark.tavimo.calendars.plist";
+inline constexpr std::string_view kHiddenEventsFile =
+    "/var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist";
+inline constexpr std::string_view kCalendarAppPreferences =
+    "/var/mobile/Library/Preferences/com.apple.mobilecal.plist";
+inline constexpr std::string_view kCalendarAppIcon = "/Applications/MobileCal.app/icon-about@2x.png";
+
+/// The file's dictionary or array, to be changed and written back; empty when there is no such file. Throws
+/// std::runtime_error when the file holds anything else: writing would lose it.
+objc::Owned<NSMutableDictionary> readDictionary(std::string_view phoneFile);
+objc::Owned<NSMutableArray> readArray(std::string_view phoneFile);
+
+/// Replaces the file at once. Throws std::runtime_error with file and reason, the old file being whole.
+void writeFile(std::string_view phoneFile, NSObject* content);
+
+/// Removes the file; none is fine. Throws std::runtime_error with file and reason.
+void removeFile(std::string_view phoneFile);
+
+/// The text in UTF-8; empty for none.
+std::string utf8(NSString* text);
+/// The text as an object (borrowed). Throws WrongUse when it is no UTF-8.
+NSString* textObject(const std::string& text);
+/// The object as a text, or none when it is none.
+NSString* asText(NSObject* object);
+
+}  // namespace phone

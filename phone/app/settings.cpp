@@ -1,0 +1,142 @@
+// phone settings: the plug-in's settings file, explained and checked.
+#include <CLI/CLI.hpp>
+#include <iomanip>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "phone/app/phone_files.h"
+#include "phone/app/settings_value.h"
+#include "phone/app/verbs.h"
+#include "phone/app/wrong_use.h"
+#include "phone/foundation/phone_root.h"
+
+namespace phone {
+
+namespace {
+
+void listForPeople(NSDictionary* file) {
+  for (const Setting& setting : settingsTable()) {
+    const SettingValue value = settingValue(setting, file);
+    const std::string fallback = setting.fallback.empty() ? "nothing" : std::string(setting.fallback);
+    std::cout << std::left << std::setw(24) << setting.key << " "
+              << (value.inEffect.empty() ? "(nothing)" : value.inEffect) << (value.set ? "" : "  (default)")
+              << "\n"
+              << "    " << setting.meaning << "\n"
+              << "    " << typeOf(setting) << ": " << rangeOf(setting) << "; default: " << fallback << "\n";
+    if (!value.strayContent.empty()) {
+      std::cout << "    the file has: " << value.strayContent << "\n";
+    }
+  }
+}
+
+void listAsJson(NSDictionary* file) {
+  nlohmann::ordered_json all = nlohmann::ordered_json::array();
+  for (const Setting& setting : settingsTable()) {
+    const SettingValue value = settingValue(setting, file);
+    all.push_back({{"key", setting.key},
+                   {"value", value.inEffect},
+                   {"isSet", value.set},
+                   {"type", typeOf(setting)},
+                   {"range", rangeOf(setting)},
+                   {"default", setting.fallback},
+                   {"meaning", setting.meaning}});
+  }
+  std::cout << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+}
+
+void warnAboutMissingIcon(const Setting& setting, const std::string& value) {
+  if (setting.kind != SettingKind::kIcon || !value.starts_with('/')) return;
+  const std::filesystem::path file = pathOnThisMachine(value);
+  if (std::filesystem::exists(file)) return;
+  std::cerr << "phone settings set: there is no " << file.string()
+            << " yet; until there is, the events have no icon\n";
+}
+
+void set(const std::string& key, const std::string& typed) {
+  const Setting& setting = settingNamed(key);
+  NSObject* const value = settingObject(setting, typed);
+  const auto file = readDictionary(kSettingsFile);
+  file->setObject(value, textObject(key));
+  writeFile(kSettingsFile, file.get());
+  warnAboutMissingIcon(setting, typed);
+}
+
+void unset(const std::vector<std::string>& keys) {
+  const auto file = readDictionary(kSettingsFile);
+  const NSUInteger before = file->count();
+  for (const std::string& key : keys)
+    file->removeObjectForKey(textObject(std::string(settingNamed(key).key)));
+  if (file->count() != before) writeFile(kSettingsFile, file.get());
+}
+
+struct Arguments {
+  bool json = false;
+  bool all = false;
+  std::string key;
+  std::string value;
+  std::vector<std::string> keys;
+};
+
+void addList(CLI::App& settings, const Invocation& invocation, const std::shared_ptr<Arguments>& arguments) {
+  CLI::App* const verb = addVerb(settings, "list", "Show every setting: value, meaning, type, range, default",
+                                 "phone settings list --json");
+  verb->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each setting");
+  verb->callback([&invocation, arguments] {
+    invocation.openPhone();
+    const auto file = readDictionary(kSettingsFile);
+    arguments->json ? listAsJson(file.get()) : listForPeople(file.get());
+  });
+}
+
+void addGet(CLI::App& settings, const Invocation& invocation, const std::shared_ptr<Arguments>& arguments) {
+  CLI::App* const verb =
+      addVerb(settings, "get", "Print the value that is in effect", "phone settings get textSize");
+  verb->add_option("KEY", arguments->key, "The setting's name")->required();
+  verb->callback([&invocation, arguments] {
+    invocation.openPhone();
+    const Setting& setting = settingNamed(arguments->key);
+    std::cout << settingValue(setting, readDictionary(kSettingsFile).get()).inEffect << "\n";
+  });
+}
+
+void addSet(CLI::App& settings, const Invocation& invocation, const std::shared_ptr<Arguments>& arguments) {
+  CLI::App* const verb =
+      addVerb(settings, "set", "Change a setting; it counts from the next look at the lock screen",
+              "phone settings set textColor orange");
+  verb->add_option("KEY", arguments->key, "The setting's name")->required();
+  verb->add_option("VALUE", arguments->value, "The new value; \"phone settings list\" shows what it may be")
+      ->required();
+  verb->callback([&invocation, arguments] {
+    invocation.openPhone();
+    set(arguments->key, arguments->value);
+  });
+}
+
+void addUnset(CLI::App& settings, const Invocation& invocation, const std::shared_ptr<Arguments>& arguments) {
+  CLI::App* const verb =
+      addVerb(settings, "unset", "Go back to the default", "phone settings unset textColor textSize");
+  verb->add_option("KEY", arguments->keys, "The settings' names");
+  verb->add_flag("--all", arguments->all, "Go back to the defaults of all settings");
+  verb->callback([&invocation, arguments] {
+    if (arguments->all == !arguments->keys.empty()) throw WrongUse("name the settings, or give --all");
+    invocation.openPhone();
+    arguments->all ? removeFile(kSettingsFile) : unset(arguments->keys);
+  });
+}
+
+}  // namespace
+
+void addSettingsVerb(CLI::App& command, const Invocation& invocation) {
+  CLI::App* const settings =
+      addVerb(command, "settings", "Show and change the plug-in's settings",
+              "phone settings set displayLocation on\n  phone settings get displayLocation");
+  settings->require_subcommand(1);
+  const auto arguments = std::make_shared<Arguments>();
+  addList(*settings, invocation, arguments);
+  addGet(*settings, invocation, arguments);
+  addSet(*settings, invocation, arguments);
+  addUnset(*settings, invocation, arguments);
+}
+
+}  // namespace phone
