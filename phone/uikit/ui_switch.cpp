@@ -52,7 +52,11 @@ void drawRect(UISwitch* self, SEL, CGRect) {
   }
   addRoundedRect(canvas, {{left, kRim}, {kKnob, kKnob}}, kKnob / 2);
   cairo_set_source_rgb(canvas, 1, 1, 1);
-  cairo_fill(canvas);
+  cairo_fill_preserve(canvas);
+  // A hairline, or the white knob would vanish in a white switch that is off.
+  cairo_set_line_width(canvas, 0.5);
+  cairo_set_source_rgba(canvas, 0, 0, 0, 0.15);
+  cairo_stroke(canvas);
 }
 
 }  // namespace
