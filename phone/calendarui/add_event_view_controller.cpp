@@ -1,0 +1,15 @@
+#include "phone/calendarui/add_event_view_controller.h"
+
+namespace phone {
+
+ClassDefinition addEventViewController() {
+  return {.name = "AddEventViewController", .superclass = "UIViewController"};
+}
+
+objc::Owned<UIViewController> makeAddEventViewController(EKEventEditViewController* frame) {
+  auto screen = objc::make<UIViewController, "AddEventViewController">();
+  objc::send<"addChildViewController:">(screen.get(), static_cast<UIViewController*>(frame));
+  return screen;
+}
+
+}  // namespace phone

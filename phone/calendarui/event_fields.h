@@ -1,0 +1,32 @@
+// What the user types into the fields of an event editor.
+#pragma once
+
+#include <optional>
+#include <string>
+
+class EKEvent;
+class EKEventStore;
+
+namespace phone {
+
+/// None leaves a field as it is.
+struct EventFields {
+  std::optional<std::string> title = {};
+  std::optional<std::string> location = {};
+  /// Seconds since 1 January 2001 UTC. A new start without an end moves the event.
+  std::optional<double> start = {};
+  std::optional<double> end = {};
+  std::optional<bool> allDay = {};
+  /// Title or identifier of one of the store's calendars.
+  std::optional<std::string> calendar = {};
+};
+
+/// Changes the event, which is not saved by that. Throws std::runtime_error for a calendar that there is not
+/// and for an end before the start; the event is then unchanged.
+void enterFields(EKEvent* event, EKEventStore* store, const EventFields& fields);
+
+/// A new event before its user has entered anything: an hour from the next full hour on, in the default
+/// calendar. Borrowed.
+EKEvent* makeNewEvent(EKEventStore* store);
+
+}  // namespace phone
