@@ -1,6 +1,8 @@
-#include "phone/bulletinboard/bb_action.h"
-
+// BBAction, what a tap on a record does: open a URL or an application. Callback blocks are not called: no
+// desktop runtime has them, and nothing on the lock screen passes one.
 #include "platform/bulletinboard/bb_action.h"
+
+#include "phone/bulletinboard/definitions.h"
 #include "platform/foundation/ns_string.h"
 #include "platform/foundation/ns_url.h"
 

@@ -1,7 +1,8 @@
-#include "phone/bulletinboard/bb_bulletin.h"
-
-#include "platform/bulletinboard/bb_action.h"
+// BBBulletin, a notification record: plain fields that its publisher sets and the lock screen reads.
 #include "platform/bulletinboard/bb_bulletin.h"
+
+#include "phone/bulletinboard/definitions.h"
+#include "platform/bulletinboard/bb_action.h"
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_date.h"
 

@@ -1,15 +1,18 @@
 #include "phone/bulletinboard/bulletinboard.h"
 
-#include "phone/bulletinboard/bb_action.h"
-#include "phone/bulletinboard/bb_bulletin.h"
-#include "phone/bulletinboard/bb_observer.h"
+#include "phone/bulletinboard/definitions.h"
 
 namespace phone {
 
+namespace {
+
+// The party in whose name records are added to a list and taken out again; all that matters is who it is.
+ClassDefinition bbObserver() { return {.name = "BBObserver", .superclass = "NSObject"}; }
+
+}  // namespace
+
 void registerBulletinBoard() {
-  registerClass(bbAction());
-  registerClass(bbBulletin());
-  registerClass(bbObserver());
+  for (ClassDefinition (*const define)() : {bbAction, bbBulletin, bbObserver}) registerClass(define());
 }
 
 }  // namespace phone

@@ -1,22 +1,37 @@
 #include "phone/springboard/home_screen.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 #include "phone/bulletinboard/bulletinboard.h"
 #include "phone/foundation/foundation.h"
 #include "phone/objc/plugin.h"
 #include "phone/springboard/list_items.h"
 #include "phone/springboard/sb_away_card_list_item.h"
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
-#include "phone/springboard/springboard.h"
+#include "phone/springboard/sb_lock_screen_notification_list_view.h"
+#include "phone/springboard/sb_lock_screen_view.h"
+#include "phone/uikit/image_file.h"
+#include "phone/uikit/ui_application.h"
+#include "phone/uikit/ui_table_view.h"
+#include "phone/uikit/uikit.h"
+#include "phone/uikit/view_drawing.h"
 #include "platform/foundation/foundation_version.h"
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_date.h"
 #include "platform/springboard/sb_lock_screen_plugin_overlay_context.h"
+#include "platform/uikit/ui_window.h"
 
 namespace phone {
 
 namespace {
 
 NSString* text(const std::string& utf8) { return NSString::stringWithUTF8String(utf8.c_str()); }
+
+// Each plug-in screen asks under a name of its own.
+NSString* nowPlayingRequester() { return "OverlayContext-NowPlayingArtLockScreen"_ns; }
+
+CGRect screenBounds() { return {{0, 0}, {hostOptions().screenWidth, hostOptions().screenHeight}}; }
 
 objc::Owned<BBBulletin> ownRecord(const OwnNotification& notification, std::size_t number) {
   auto bulletin = objc::make<BBBulletin, "BBBulletin">();
@@ -39,18 +54,26 @@ HomeScreen HomeScreen::boot(const HostOptions& options, const std::filesystem::p
   {
     // Gone before the home screen makes its own pool: pools end in the reverse order of their making.
     const AutoreleasePool pool;
+    registerUIKit();
     registerBulletinBoard();
     registerSpringBoard();
     if (!pluginLibrary.empty()) loadPlugin(pluginLibrary);
+    startApplication("SpringBoard");
   }
   return {};
 }
 
 HomeScreen::HomeScreen()
-    : controller_(
-          objc::make<SBLockScreenNotificationListController, "SBLockScreenNotificationListController">()) {}
+    : window_(makeView<UIWindow, "UIWindow">(screenBounds())),
+      lockScreenView_(makeView<SBLockScreenView, "SBLockScreenView">(screenBounds())),
+      controller_(
+          objc::make<SBLockScreenNotificationListController, "SBLockScreenNotificationListController">()) {
+  window_->addSubview(lockScreenView_.get());
+  objc::send<"makeKeyAndVisible">(window_.get());
+  setLockScreenView(controller_.get(), lockScreenView_.get());
+}
 
-HomeScreen::~HomeScreen() = default;
+HomeScreen::~HomeScreen() { setLockScreenView(controller_.get(), nullptr); }
 
 std::chrono::nanoseconds HomeScreen::load() {
   const AutoreleasePool pool;
@@ -77,12 +100,51 @@ void HomeScreen::offerPass(const std::string& title, const std::string& message)
 
 std::vector<ListRow> HomeScreen::rows() {
   const AutoreleasePool pool;
+  SBLockScreenNotificationListView* const listView = listViewOf(controller_.get());
+  const auto shown = listView == nullptr ? std::vector<ShownRow>() : shownRows(listView);
   std::vector<ListRow> rows;
-  NSMutableArray* const items = listItems(controller_.get());
-  for (NSUInteger i = 0; i < items->count(); ++i) {
-    rows.push_back(listRowOf(static_cast<SBAwayListItem*>(items->objectAtIndex(i))));
+  for (std::size_t i = 0; SBAwayListItem* const item = itemAt(i); ++i) {
+    ListRow& row = rows.emplace_back(listRowOf(item));
+    if (i >= shown.size()) continue;
+    const CGPoint corner = listView->frame().origin;
+    const auto& [place, size] = shown[i].frame;
+    row.frame = CGRect{{corner.x + place.x, corner.y + place.y}, size};
+    if (shown[i].cell != nullptr) row.cell = layoutOf(shown[i].cell);
   }
   return rows;
+}
+
+void HomeScreen::scrollTo(std::size_t row) {
+  const AutoreleasePool pool;
+  if (auto* const listView = listViewOf(controller_.get()); listView != nullptr) scrollToRow(listView, row);
+}
+
+std::optional<Launch> HomeScreen::tap(std::size_t row) {
+  const AutoreleasePool pool;
+  auto* const listView = listViewOf(controller_.get());
+  if (listView == nullptr || !tapRow(tableOf(listView), 0, static_cast<NSInteger>(row))) return std::nullopt;
+  return springBoardState().launch;
+}
+
+bool HomeScreen::swipeAway(std::size_t row) {
+  const AutoreleasePool pool;
+  auto* const listView = listViewOf(controller_.get());
+  SBAwayListItem* const item = itemAt(row);
+  if (listView == nullptr || item == nullptr) return false;
+  NSIndexPath* const path = NSIndexPath::indexPathForRow(static_cast<NSInteger>(row), 0);
+  if (!objc::send<"tableView:canEditRowAtIndexPath:", bool>(listView, tableOf(listView), path)) return false;
+  clear(item);
+  return true;
+}
+
+std::size_t HomeScreen::clearAll() {
+  const AutoreleasePool pool;
+  std::vector<SBAwayListItem*> clearable;
+  for (std::size_t i = 0; SBAwayListItem* const item = itemAt(i); ++i) {
+    if (item->canBeClearedByNotificationCenter()) clearable.push_back(item);
+  }
+  for (SBAwayListItem* const item : clearable) clear(item);
+  return clearable.size();
 }
 
 bool HomeScreen::screenIsOn() const { return springBoardState().screenIsOn; }
@@ -91,10 +153,13 @@ void HomeScreen::turnScreenOff() { springBoardState().screenIsOn = false; }
 
 bool HomeScreen::askToWakeFor(const std::string& title) {
   const AutoreleasePool pool;
-  SBAwayListItem* const item = itemWithTitle(title);
-  if (item == nullptr) return false;
-  wakeScreenFor(controller_.get(), item);
-  return true;
+  NSString* const wanted = text(title);
+  for (std::size_t i = 0; SBAwayListItem* const item = itemAt(i); ++i) {
+    if (!wanted->isEqualToString(item->title())) continue;
+    wakeScreenFor(controller_.get(), item);
+    return true;
+  }
+  return false;
 }
 
 void HomeScreen::showNowPlaying() {
@@ -103,6 +168,13 @@ void HomeScreen::showNowPlaying() {
       objc::sendToClass<"SBLockScreenPluginOverlayContext", "alloc", SBLockScreenPluginOverlayContext*>();
   overlay_ = objc::Owned<SBLockScreenPluginOverlayContext>::adopt(
       allocated->initWithPluginName("NowPlayingArtLockScreen"_ns, nullptr, nullptr));
+  lockScreenView_->addLockContentUnderlay(nowPlayingRequester());
+}
+
+void HomeScreen::hideNowPlaying() {
+  const AutoreleasePool pool;
+  overlay_ = {};
+  lockScreenView_->removeLockContentUnderlay(nowPlayingRequester());
 }
 
 void HomeScreen::runFor(std::chrono::duration<double> time) {
@@ -112,14 +184,23 @@ void HomeScreen::runFor(std::chrono::duration<double> time) {
   objc::send<"runUntilDate:">(runLoop, end);
 }
 
-SBAwayListItem* HomeScreen::itemWithTitle(const std::string& title) {
-  NSString* const wanted = text(title);
+std::vector<std::string> HomeScreen::underlays() { return underlayRequesters(lockScreenView_.get()); }
+
+void HomeScreen::setWallpaper(const std::filesystem::path& file) {
+  Surface picture = loadImageFile(file);
+  if (picture == nullptr) throw std::runtime_error(file.string() + ": no PNG or JPEG picture can be read");
+  phone::setWallpaper(lockScreenView_.get(), std::move(picture));
+}
+
+Surface HomeScreen::picture() {
+  const AutoreleasePool pool;
+  setShownTime(lockScreenView_.get(), NSDate::date());
+  return pictureOfView(lockScreenView_.get(), hostOptions().screenScale);
+}
+
+SBAwayListItem* HomeScreen::itemAt(std::size_t row) {
   NSMutableArray* const items = listItems(controller_.get());
-  for (NSUInteger i = 0; i < items->count(); ++i) {
-    auto* const item = static_cast<SBAwayListItem*>(items->objectAtIndex(i));
-    if (wanted->isEqualToString(item->title())) return item;
-  }
-  return nullptr;
+  return row < items->count() ? static_cast<SBAwayListItem*>(items->objectAtIndex(row)) : nullptr;
 }
 
 void HomeScreen::deliver(BBBulletin* bulletin) {
@@ -132,11 +213,17 @@ void HomeScreen::deliver(BBBulletin* bulletin) {
 }
 
 bool HomeScreen::isListed(BBBulletin* bulletin) {
-  NSMutableArray* const items = listItems(controller_.get());
-  for (NSUInteger i = 0; i < items->count(); ++i) {
-    if (bulletinOf(static_cast<SBAwayListItem*>(items->objectAtIndex(i))) == bulletin) return true;
+  for (std::size_t i = 0; SBAwayListItem* const item = itemAt(i); ++i) {
+    if (bulletinOf(item) == bulletin) return true;
   }
   return false;
+}
+
+void HomeScreen::clear(SBAwayListItem* item) {
+  BBBulletin* const bulletin = bulletinOf(item);
+  if (bulletin == nullptr) return;
+  controller_->removeBulletin(observerOf(controller_.get()), bulletin);
+  std::erase_if(ownRecords_, [bulletin](const auto& record) { return record.get() == bulletin; });
 }
 
 }  // namespace phone

@@ -1,4 +1,5 @@
-// The home-screen process, driven the way a phone drives it: locked, notified, woken, swiped, tapped.
+// The home-screen process, driven the way a phone drives it: locked, notified, woken, scrolled, swiped,
+// tapped, and looked at.
 #pragma once
 
 #include <chrono>
@@ -9,13 +10,16 @@
 
 #include "phone/foundation/host_options.h"
 #include "phone/springboard/list_row.h"
+#include "phone/springboard/springboard.h"
+#include "phone/uikit/surface.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/objc/owned.h"
 
 class BBBulletin;
-class SBAwayListItem;
 class SBLockScreenNotificationListController;
 class SBLockScreenPluginOverlayContext;
+class SBLockScreenView;
+class UIWindow;
 
 namespace phone {
 
@@ -49,29 +53,51 @@ class HomeScreen {
 
   /// The list from top to bottom.
   std::vector<ListRow> rows();
+  /// Scrolls so that that row is the topmost in sight, or as far as the list goes.
+  void scrollTo(std::size_t row);
+  /// Taps the row; what its record opens. Nothing when there is no such row.
+  std::optional<Launch> tap(std::size_t row);
+  /// Swipes the row away to clear it. False when the row is not there or refuses.
+  bool swipeAway(std::size_t row);
+  /// Clears every item that lets itself be cleared; how many did.
+  std::size_t clearAll();
 
   bool screenIsOn() const;
   void turnScreenOff();
   /// Asks the phone to wake for the first row with that title. False when there is none.
   bool askToWakeFor(const std::string& title);
 
-  /// Brings the Now Playing screen up over the lock screen.
+  /// Brings the Now Playing screen up over the lock screen, with its underlay, or takes it down.
   void showNowPlaying();
-  /// Lets the main run loop run that long, in real time: delayed calls come due.
+  void hideNowPlaying();
+  /// Lets the main run loop run that long, in real time: delayed calls come due. Ends early when nothing is
+  /// waiting.
   void runFor(std::chrono::duration<double> time);
+
+  /// The requester names of all underlays, in the order of asking.
+  std::vector<std::string> underlays();
+  /// A picture that fills the screen behind everything. Throws std::runtime_error when the file has none.
+  void setWallpaper(const std::filesystem::path& file);
+  /// The lock screen as it looks now, in the screen's pixels.
+  Surface picture();
 
   /// Borrowed, for tests and for measuring.
   SBLockScreenNotificationListController* listController() { return controller_.get(); }
+  SBLockScreenView* lockScreenView() { return lockScreenView_.get(); }
 
  private:
   HomeScreen();
-  SBAwayListItem* itemWithTitle(const std::string& title);
+  SBAwayListItem* itemAt(std::size_t row);
   void deliver(BBBulletin* bulletin);
   bool isListed(BBBulletin* bulletin);
+  void clear(SBAwayListItem* item);
 
   AutoreleasePool pool_;
+  objc::Owned<UIWindow> window_;
+  objc::Owned<SBLockScreenView> lockScreenView_;
   objc::Owned<SBLockScreenNotificationListController> controller_;
   objc::Owned<SBLockScreenPluginOverlayContext> overlay_;
+  /// Until they are cleared.
   std::vector<objc::Owned<BBBulletin>> ownRecords_;
   std::size_t ownRecordsPosted_ = 0;
 };

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "phone/springboard/sb_lock_screen_bulletin_cell.h"
+
 class SBAwayListItem;
 
 namespace phone {
@@ -24,6 +26,10 @@ struct ListRow {
   /// What a tap opens: a URL or an application's identifier; both are empty when a tap only unlocks.
   std::string launchURL = {};
   std::string launchBundleID = {};
+  /// Its rectangle on the screen in points, in sight or not; nothing while the phone is unlocked.
+  std::optional<CGRect> frame = std::nullopt;
+  /// How its cell shows it; nothing while it is out of sight.
+  std::optional<CellLayout> cell = std::nullopt;
 };
 
 /// What the item says now. An item without a record has only class, title, subtitle and message.

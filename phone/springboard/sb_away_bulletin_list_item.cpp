@@ -1,7 +1,10 @@
-#include "phone/springboard/sb_away_bulletin_list_item.h"
-
-#include "platform/bulletinboard/bb_bulletin.h"
+// SBAwayBulletinListItem, the list item of one notification record.
 #include "platform/springboard/sb_away_bulletin_list_item.h"
+
+#include "phone/springboard/definitions.h"
+#include "phone/springboard/stock_icons.h"
+#include "platform/bulletinboard/bb_bulletin.h"
+#include "platform/foundation/ns_string.h"
 
 namespace phone {
 
@@ -41,19 +44,25 @@ NSDate* sortDate(SBAwayBulletinListItem* self, SEL) {
   return published != nullptr ? published : bulletin->lastInterruptDate();
 }
 
+UIImage* iconImage(SBAwayBulletinListItem* self, SEL) {
+  NSString* const section = bulletinOf(self)->section();
+  return section->length() == 0 ? nullptr : notificationIcon(section->UTF8String());
+}
+
 bool canBeCleared(SBAwayBulletinListItem*, SEL) { return true; }
 
 }  // namespace
 
 ClassDefinition sbAwayBulletinListItem() {
-  return {.name = "SBAwayBulletinListItem",
-          .superclass = "SBAwayListItem",
-          .state = state<BulletinItemState>(),
-          .methods = {method("initWithBulletin:andObserver:", initWithBulletin),
-                      getter<&BulletinItemState::activeBulletin>("activeBulletin"),
-                      getter<&BulletinItemState::observer>("observer"), method("title", title),
-                      method("subtitle", subtitle), method("message", message), method("sortDate", sortDate),
-                      method("canBeClearedByNotificationCenter", canBeCleared)}};
+  return {
+      .name = "SBAwayBulletinListItem",
+      .superclass = "SBAwayListItem",
+      .state = state<BulletinItemState>(),
+      .methods = {method("initWithBulletin:andObserver:", initWithBulletin),
+                  getter<&BulletinItemState::activeBulletin>("activeBulletin"),
+                  getter<&BulletinItemState::observer>("observer"), method("title", title),
+                  method("subtitle", subtitle), method("message", message), method("sortDate", sortDate),
+                  method("iconImage", iconImage), method("canBeClearedByNotificationCenter", canBeCleared)}};
 }
 
 }  // namespace phone

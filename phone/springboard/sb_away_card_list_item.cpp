@@ -1,5 +1,6 @@
 #include "phone/springboard/sb_away_card_list_item.h"
 
+#include "phone/springboard/definitions.h"
 #include "platform/foundation/ns_date.h"
 #include "platform/foundation/ns_string.h"
 #include "platform/springboard/sb_away_list_item.h"

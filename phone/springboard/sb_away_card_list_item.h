@@ -1,15 +1,13 @@
 // SBAwayCardListItem, a pass that the lock screen offers at its time and place: an item without a record.
 #pragma once
 
-#include "phone/objc/class_definition.h"
+#include "platform/objc/owned.h"
 
 class NSDate;
 class NSString;
 class SBAwayListItem;
 
 namespace phone {
-
-ClassDefinition sbAwayCardListItem();
 
 /// A card with a title and a line of text, offered since `date`.
 objc::Owned<SBAwayListItem> makeCardItem(NSString* title, NSString* message, NSDate* date);

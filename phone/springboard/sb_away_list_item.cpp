@@ -1,7 +1,8 @@
-#include "phone/springboard/sb_away_list_item.h"
-
-#include "platform/foundation/literal.h"
+// SBAwayListItem, what all items of the lock screen list have in common.
 #include "platform/springboard/sb_away_list_item.h"
+
+#include "phone/springboard/definitions.h"
+#include "platform/foundation/literal.h"
 
 namespace phone {
 

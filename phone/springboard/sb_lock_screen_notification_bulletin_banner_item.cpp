@@ -1,5 +1,6 @@
 #include "phone/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
 
+#include "phone/springboard/definitions.h"
 #include "platform/springboard/sb_away_list_item.h"
 #include "platform/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
 

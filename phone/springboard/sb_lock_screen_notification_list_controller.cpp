@@ -1,14 +1,20 @@
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 
+#include <utility>
+
+#include "phone/springboard/definitions.h"
 #include "phone/springboard/list_items.h"
 #include "phone/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
+#include "phone/springboard/sb_lock_screen_notification_list_view.h"
+#include "phone/springboard/sb_lock_screen_view.h"
 #include "phone/springboard/springboard.h"
 #include "platform/foundation/foundation_version.h"
+#include "platform/foundation/literal.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
-#include "platform/foundation/ns_string.h"
 #include "platform/springboard/sb_away_bulletin_list_item.h"
 #include "platform/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
 #include "platform/uikit/ns_index_path.h"
+#include "platform/uikit/ui_screen.h"
 
 namespace phone {
 
@@ -18,7 +24,14 @@ using Controller = SBLockScreenNotificationListController;
 
 struct ListControllerState {
   objc::Owned<NSMutableDictionary> itemsByBulletinID;
-  bool viewIsLoaded = false;
+  /// None while the phone is unlocked.
+  objc::Owned<SBLockScreenNotificationListView> listView;
+  SBLockScreenView* lockScreenView = nullptr;  // Not owned: it shows the list's view.
+  bool listIsVisible = false;
+
+  ~ListControllerState() {
+    if (listView) forgetController(listView.get());
+  }
 };
 
 Controller* init(Controller* self, SEL) {
@@ -29,10 +42,24 @@ Controller* init(Controller* self, SEL) {
   return self;
 }
 
-// Every change is followed by a count: it is how the rows are known.
+/// The list has an underlay of its own from its first item to its last.
+void setListVisible(Controller* self, bool isVisible) {
+  auto& state = stateOf<ListControllerState>(self);
+  if (std::exchange(state.listIsVisible, isVisible) == isVisible) return;
+  if (isVisible) {
+    state.lockScreenView->addLockContentUnderlay("NotificationList"_ns);
+  } else {
+    state.lockScreenView->removeLockContentUnderlay("NotificationList"_ns);
+  }
+}
+
+// Every change is followed by a count, a layout, and the underlay's coming or going.
 void showChange(Controller* self) {
-  if (!stateOf<ListControllerState>(self).viewIsLoaded) return;
-  objc::send<"count", NSUInteger>(self);
+  const auto& listView = stateOf<ListControllerState>(self).listView;
+  if (!listView) return;
+  const auto count = objc::send<"count", NSUInteger>(self);
+  setListVisible(self, count > 0);
+  reloadRows(listView.get());
 }
 
 SBAwayListItem* itemOf(Controller* self, BBBulletin* bulletin) {
@@ -100,7 +127,10 @@ SBAwayListItem* listItemAtIndexPath(Controller* self, SEL, NSIndexPath* indexPat
 }
 
 void loadView(Controller* self, SEL) {
-  stateOf<ListControllerState>(self).viewIsLoaded = true;
+  auto& state = stateOf<ListControllerState>(self);
+  const CGRect frame = listFrame(objc::send<"bounds", CGRect>(UIScreen::mainScreen()).size);
+  state.listView = makeListView(self, frame);
+  setListView(state.lockScreenView, state.listView.get());
   showChange(self);
 }
 
@@ -135,9 +165,19 @@ void insertItem(Controller* controller, SBAwayListItem* item) {
   showChange(controller);
 }
 
+SBLockScreenNotificationListView* listViewOf(Controller* controller) {
+  return stateOf<ListControllerState>(controller).listView.get();
+}
+
+void setLockScreenView(Controller* controller, SBLockScreenView* view) {
+  stateOf<ListControllerState>(controller).lockScreenView = view;
+}
+
 void unloadView(Controller* controller) {
   auto& state = stateOf<ListControllerState>(controller);
-  state.viewIsLoaded = false;
+  setListVisible(controller, false);
+  setListView(state.lockScreenView, nullptr);
+  state.listView = {};
   if (NSFoundationVersionNumber >= kListOutlivesUnlockSince) return;
   listItems(controller)->removeAllObjects();
   state.itemsByBulletinID->removeAllObjects();

@@ -2,17 +2,17 @@
 // them, tells its view about every change and decides what wakes the screen.
 #pragma once
 
-#include "phone/objc/class_definition.h"
 #include "platform/foundation/ns_mutable_array.h"
+#include "platform/objc/owned.h"
 #include "platform/springboard/sb_away_list_item.h"
 #include "platform/springboard/sb_lock_screen_notification_list_controller.h"
+#include "platform/springboard/sb_lock_screen_notification_list_view.h"
+#include "platform/springboard/sb_lock_screen_view.h"
 
 namespace phone {
 
 /// The first Foundation version number whose list outlives an unlocking of the phone (iOS 9).
 inline constexpr double kListOutlivesUnlockSince = 1200.0;
-
-ClassDefinition sbLockScreenNotificationListController();
 
 /// The items as shown, first on top (borrowed from the controller).
 NSMutableArray* listItems(SBLockScreenNotificationListController* controller);
@@ -22,6 +22,12 @@ NSObject* observerOf(SBLockScreenNotificationListController* controller);
 
 /// Adds an item that stands for no record, such as a pass.
 void insertItem(SBLockScreenNotificationListController* controller, SBAwayListItem* item);
+
+/// The list as it is seen (borrowed from the controller); none before the first loadView.
+SBLockScreenNotificationListView* listViewOf(SBLockScreenNotificationListController* controller);
+
+/// The lock screen that shows the list (borrowed; none: no lock screen).
+void setLockScreenView(SBLockScreenNotificationListController* controller, SBLockScreenView* view);
 
 /// The phone is unlocked: the view goes. Before iOS 9 the list goes with it, so that the next locking starts
 /// with an empty one; from then on it stays until its observer withdraws its records.

@@ -1,7 +1,8 @@
-#include "phone/springboard/sb_lock_screen_plugin_overlay_context.h"
-
-#include "platform/foundation/ns_string.h"
+// SBLockScreenPluginOverlayContext, one screen that a lock screen plug-in lays over the lock screen.
 #include "platform/springboard/sb_lock_screen_plugin_overlay_context.h"
+
+#include "phone/springboard/definitions.h"
+#include "platform/foundation/ns_string.h"
 
 namespace phone {
 

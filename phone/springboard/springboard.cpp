@@ -1,35 +1,37 @@
 #include "phone/springboard/springboard.h"
 
-#include "phone/springboard/sb_away_bulletin_list_item.h"
-#include "phone/springboard/sb_away_card_list_item.h"
-#include "phone/springboard/sb_away_list_item.h"
-#include "phone/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
-#include "phone/springboard/sb_lock_screen_notification_list_controller.h"
-#include "phone/springboard/sb_lock_screen_plugin_overlay_context.h"
+#include "phone/springboard/definitions.h"
+#include "phone/springboard/list_row.h"
 
 namespace phone {
 
 namespace {
 
 // The application itself. Its presence is what tells this process from every other.
-ClassDefinition springBoard() { return {.name = "SpringBoard", .superclass = "NSObject"}; }
+ClassDefinition springBoard() { return {.name = "SpringBoard", .superclass = "UIApplication"}; }
 
 }  // namespace
 
 SpringBoardState& springBoardState() {
-  static SpringBoardState state;
+  // Never destroyed: the objects in it would be released after the runtime's own end.
+  static auto& state = *new SpringBoardState;
   return state;
+}
+
+void launch(SBAwayListItem* item) {
+  const ListRow row = listRowOf(item);
+  springBoardState().launch = Launch{row.launchURL, row.launchBundleID};
 }
 
 void registerSpringBoard() {
   springBoardState() = {};
-  registerClass(springBoard());
-  registerClass(sbAwayListItem());
-  registerClass(sbAwayBulletinListItem());
-  registerClass(sbAwayCardListItem());
-  registerClass(sbLockScreenNotificationBulletinBannerItem());
-  registerClass(sbLockScreenNotificationListController());
-  registerClass(sbLockScreenPluginOverlayContext());
+  for (ClassDefinition (*const define)() :
+       {springBoard, sbAwayListItem, sbAwayBulletinListItem, sbAwayCardListItem,
+        sbLockScreenNotificationBulletinBannerItem, sbLockScreenNotificationListController,
+        sbLockScreenBulletinCell, sbLockScreenNotificationListView, sbLockScreenPluginOverlayContext,
+        sbLockScreenView}) {
+    registerClass(define());
+  }
 }
 
 }  // namespace phone

@@ -10,6 +10,8 @@ class NSDateComponents : public NSObject {
   NSInteger year() { return objc::send<"year", NSInteger>(this); }
   NSInteger month() { return objc::send<"month", NSInteger>(this); }
   NSInteger day() { return objc::send<"day", NSInteger>(this); }
+  NSInteger hour() { return objc::send<"hour", NSInteger>(this); }
+  NSInteger minute() { return objc::send<"minute", NSInteger>(this); }
   void setYear(NSInteger year) { objc::send<"setYear:">(this, year); }
   void setDay(NSInteger day) { objc::send<"setDay:">(this, day); }
   void setHour(NSInteger hour) { objc::send<"setHour:">(this, hour); }

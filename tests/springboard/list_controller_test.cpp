@@ -5,9 +5,11 @@
 #include <vector>
 
 #include "phone/bulletinboard/bulletinboard.h"
+#include "phone/objc/class_definition.h"
 #include "phone/springboard/sb_away_card_list_item.h"
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 #include "phone/springboard/springboard.h"
+#include "phone/uikit/uikit.h"
 #include "platform/bulletinboard/bb_bulletin.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/foundation_version.h"
@@ -43,6 +45,7 @@ class List {
  public:
   explicit List(double foundationVersion) {
     NSFoundationVersionNumber = foundationVersion;
+    registerUIKit();
     registerBulletinBoard();
     registerSpringBoard();
     controller_ = objc::make<Controller, "SBLockScreenNotificationListController">();

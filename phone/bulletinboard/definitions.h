@@ -1,10 +1,11 @@
-// BBBulletin, a notification record: plain fields that its publisher sets and the lock screen reads.
+// The framework's class definitions; bulletinboard.cpp registers them in order.
 #pragma once
 
 #include "phone/objc/class_definition.h"
 
 namespace phone {
 
+ClassDefinition bbAction();
 ClassDefinition bbBulletin();
 
 }  // namespace phone

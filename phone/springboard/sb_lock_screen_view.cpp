@@ -1,0 +1,149 @@
+#include "phone/springboard/sb_lock_screen_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "phone/springboard/date_texts.h"
+#include "phone/springboard/definitions.h"
+#include "phone/springboard/lock_screen_furniture.h"
+#include "phone/springboard/wallpaper.h"
+#include "phone/uikit/blur.h"
+#include "phone/uikit/ui_color.h"
+#include "phone/uikit/ui_font.h"
+#include "phone/uikit/ui_graphics.h"
+#include "phone/uikit/ui_image.h"
+#include "phone/uikit/ui_view.h"
+#include "platform/foundation/literal.h"
+#include "platform/uikit/ui_label.h"
+#include "platform/uikit/ui_screen.h"
+
+namespace phone {
+
+namespace {
+
+using LockView = SBLockScreenView;
+
+struct LockScreenState {
+  std::vector<std::string> requesters;
+  /// None: the phone's own.
+  Surface chosenWallpaper;
+  /// As the screen shows them, in its pixels; made when they are first drawn.
+  Surface wallpaper;
+  Surface underlay;
+  objc::Owned<UILabel> clock;
+  objc::Owned<UILabel> day;
+  objc::Owned<UILabel> hint;
+  objc::Owned<UIView> listView;
+};
+
+LockScreenState& stateOfView(LockView* view) { return stateOf<LockScreenState>(view); }
+
+struct LabelStyle {
+  FontWeight weight;
+  double points;
+  double opacity;
+};
+
+objc::Owned<UILabel> makeLabel(LockView* self, CGRect frame, const LabelStyle& style) {
+  auto label = makeView<UILabel, "UILabel">(frame);
+  label->setFont(makeFont(style.weight, style.points).get());
+  label->setTextColor(makeColor(greyColor(1, style.opacity)).get());
+  objc::send<"setTextAlignment:">(label.get(), static_cast<NSInteger>(TextAlignment::kCenter));
+  self->addSubview(label.get());
+  return label;
+}
+
+LockView* initWithFrame(LockView* self, SEL selector, CGRect frame) {
+  self = objc::sendSuper<LockView*>(objc::classNamed<"UIView">(), self, selector, frame);
+  const auto [width, height] = frame.size;
+  auto& lockScreen = stateOfView(self);
+  lockScreen.clock = makeLabel(self, {{0, 22}, {width, 92}}, {FontWeight::kThin, 78, 1});
+  lockScreen.day = makeLabel(self, {{0, 110}, {width, 22}}, {FontWeight::kRegular, 16.5, 1});
+  lockScreen.hint = makeLabel(self, {{0, height - 66}, {width, 32}}, {FontWeight::kLight, 22, 0.7});
+  lockScreen.hint->setText("slide to unlock"_ns);
+  return self;
+}
+
+void addUnderlay(LockView* self, SEL, NSString* requester) {
+  if (requester == nullptr) return;
+  auto& requesters = stateOfView(self).requesters;
+  const std::string name = requester->UTF8String();
+  if (std::find(requesters.begin(), requesters.end(), name) == requesters.end()) requesters.push_back(name);
+}
+
+void removeUnderlay(LockView* self, SEL, NSString* requester) {
+  if (requester == nullptr) return;
+  std::erase(stateOfView(self).requesters, std::string(requester->UTF8String()));
+}
+
+/// Makes the picture that lies behind everything, in the screen's pixels.
+const Surface& background(LockView* self) {
+  auto& [requesters, chosen, wallpaper, underlay, clock, day, hint, listView] = stateOfView(self);
+  const double scale = UIScreen::mainScreen()->scale();
+  const CGSize size = self->bounds().size;
+  const int width = static_cast<int>(std::round(size.width * scale));
+  const int height = static_cast<int>(std::round(size.height * scale));
+  if (wallpaper == nullptr) {
+    wallpaper = chosen == nullptr ? ownWallpaper(width, height) : fillingCopy(chosen, width, height);
+  }
+  if (requesters.empty()) return wallpaper;
+  if (underlay == nullptr && wallpaper != nullptr) {
+    constexpr double kBlurPoints = 18;
+    constexpr double kDarkness = 0.34;
+    underlay = blurredCopy(wallpaper, static_cast<int>(kBlurPoints * scale));
+    if (underlay != nullptr) darken(underlay, kDarkness);
+  }
+  return underlay;
+}
+
+void drawRect(LockView* self, SEL, CGRect bounds) {
+  cairo_t* const canvas = currentCanvas();
+  if (canvas == nullptr) return;
+  if (const Surface& picture = background(self); picture != nullptr) drawSurface(canvas, picture, bounds);
+  drawStatusBar(canvas, bounds.size.width);
+  drawGrabbers(canvas, bounds.size);
+}
+
+}  // namespace
+
+ClassDefinition sbLockScreenView() {
+  return {.name = "SBLockScreenView",
+          .superclass = "UIView",
+          .state = state<LockScreenState>(),
+          .methods = {
+              method("initWithFrame:", initWithFrame),
+              method("drawRect:", drawRect),
+              method("_addLockContentUnderlayWithRequester:", addUnderlay),
+              method("_removeLockContentUnderlayWithRequester:", removeUnderlay),
+          }};
+}
+
+const std::vector<std::string>& underlayRequesters(LockView* view) { return stateOfView(view).requesters; }
+
+CGRect listFrame(CGSize screen) {
+  constexpr double kTop = 146;
+  constexpr double kBottomMargin = 78;
+  return {{0, kTop}, {screen.width, std::max(screen.height - kTop - kBottomMargin, 0.0)}};
+}
+
+void setListView(LockView* view, UIView* listView) {
+  if (view == nullptr) return;
+  auto& shown = stateOfView(view).listView;
+  objc::send<"removeFromSuperview">(shown.get());
+  shown = objc::Owned<UIView>::retain(listView);
+  if (listView != nullptr) view->addSubview(listView);
+}
+
+void setShownTime(LockView* view, NSDate* time) {
+  stateOfView(view).clock->setText(clockText(time));
+  stateOfView(view).day->setText(dayText(time));
+}
+
+void setWallpaper(LockView* view, Surface picture) {
+  auto& lockScreen = stateOfView(view);
+  lockScreen.chosenWallpaper = std::move(picture);
+  lockScreen.wallpaper = nullptr;
+  lockScreen.underlay = nullptr;
+}
+
+}  // namespace phone
