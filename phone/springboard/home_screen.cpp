@@ -84,22 +84,27 @@ std::chrono::nanoseconds HomeScreen::load() {
   turnScreenOff();
   const auto start = std::chrono::steady_clock::now();
   objc::send<"loadView">(controller_.get());
-  return std::chrono::steady_clock::now() - start;
+  const auto time = std::chrono::steady_clock::now() - start;
+  layOut();
+  return time;
 }
 
 void HomeScreen::postNotification(const OwnNotification& notification) {
   const AutoreleasePool pool;
   ownRecords_.push_back(ownRecord(notification, ++ownRecordsPosted_));
   deliver(ownRecords_.back().get());
+  layOut();
 }
 
 void HomeScreen::offerPass(const std::string& title, const std::string& message) {
   const AutoreleasePool pool;
   insertItem(controller_.get(), makeCardItem(text(title), text(message), NSDate::date()).get());
+  layOut();
 }
 
 std::vector<ListRow> HomeScreen::rows() {
   const AutoreleasePool pool;
+  layOut();
   SBLockScreenNotificationListView* const listView = listViewOf(controller_.get());
   const auto shown = listView == nullptr ? std::vector<ShownRow>() : shownRows(listView);
   std::vector<ListRow> rows;
@@ -116,7 +121,10 @@ std::vector<ListRow> HomeScreen::rows() {
 
 void HomeScreen::scrollTo(std::size_t row) {
   const AutoreleasePool pool;
-  if (auto* const listView = listViewOf(controller_.get()); listView != nullptr) scrollToRow(listView, row);
+  auto* const listView = listViewOf(controller_.get());
+  if (listView == nullptr) return;
+  scrollToRow(listView, row);
+  layOut();
 }
 
 std::optional<Launch> HomeScreen::tap(std::size_t row) {
@@ -134,6 +142,7 @@ bool HomeScreen::swipeAway(std::size_t row) {
   NSIndexPath* const path = NSIndexPath::indexPathForRow(static_cast<NSInteger>(row), 0);
   if (!objc::send<"tableView:canEditRowAtIndexPath:", bool>(listView, tableOf(listView), path)) return false;
   clear(item);
+  layOut();
   return true;
 }
 
@@ -144,6 +153,7 @@ std::size_t HomeScreen::clearAll() {
     if (item->canBeClearedByNotificationCenter()) clearable.push_back(item);
   }
   for (SBAwayListItem* const item : clearable) clear(item);
+  layOut();
   return clearable.size();
 }
 
@@ -182,6 +192,7 @@ void HomeScreen::runFor(std::chrono::duration<double> time) {
   id const runLoop = objc::sendToClass<"NSRunLoop", "currentRunLoop", id>();
   NSDate* const end = objc::sendToClass<"NSDate", "dateWithTimeIntervalSinceNow:", NSDate*>(time.count());
   objc::send<"runUntilDate:">(runLoop, end);
+  layOut();
 }
 
 std::vector<std::string> HomeScreen::underlays() { return underlayRequesters(lockScreenView_.get()); }
@@ -202,6 +213,8 @@ SBAwayListItem* HomeScreen::itemAt(std::size_t row) {
   NSMutableArray* const items = listItems(controller_.get());
   return row < items->count() ? static_cast<SBAwayListItem*>(items->objectAtIndex(row)) : nullptr;
 }
+
+void HomeScreen::layOut() { objc::send<"layoutIfNeeded">(lockScreenView_.get()); }
 
 void HomeScreen::deliver(BBBulletin* bulletin) {
   NSObject* const observer = observerOf(controller_.get());

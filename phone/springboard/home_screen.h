@@ -88,6 +88,8 @@ class HomeScreen {
  private:
   HomeScreen();
   SBAwayListItem* itemAt(std::size_t row);
+  /// What the end of every turn of the run loop does.
+  void layOut();
   void deliver(BBBulletin* bulletin);
   bool isListed(BBBulletin* bulletin);
   void clear(SBAwayListItem* item);

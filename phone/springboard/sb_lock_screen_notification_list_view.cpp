@@ -98,11 +98,6 @@ void layoutSubviews(ListView* self, SEL) {
   }
 }
 
-void layOut(ListView* listView) {
-  objc::send<"setNeedsLayout">(listView);
-  objc::send<"layoutIfNeeded">(listView);
-}
-
 }  // namespace
 
 ClassDefinition sbLockScreenNotificationListView() {
@@ -132,7 +127,7 @@ void forgetController(ListView* listView) { stateOf<ListViewState>(listView).con
 void reloadRows(ListView* listView) {
   heightCache(listView)->removeAllObjects();
   objc::send<"reloadData">(tableOf(listView));
-  layOut(listView);
+  objc::send<"setNeedsLayout">(listView);
 }
 
 void scrollToRow(ListView* listView, std::size_t row) {
@@ -143,7 +138,7 @@ void scrollToRow(ListView* listView, std::size_t row) {
   const double furthest = std::max(contentHeight - table->bounds().size.height, 0.0);
   const double offset = std::min(rows[std::min(row, rows.size() - 1)].top, furthest);
   objc::send<"setContentOffset:">(table, CGPoint{0, offset});
-  layOut(listView);
+  objc::send<"setNeedsLayout">(listView);
 }
 
 UITableView* tableOf(ListView* listView) { return stateOf<ListViewState>(listView).table.get(); }

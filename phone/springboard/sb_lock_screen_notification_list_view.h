@@ -20,7 +20,7 @@ objc::Owned<SBLockScreenNotificationListView> makeListView(SBLockScreenNotificat
 /// The controller ends before the view: the view is empty from now on.
 void forgetController(SBLockScreenNotificationListView* listView);
 
-/// The list has changed: rows, heights and cells are asked for again.
+/// The list has changed: rows, heights and cells are asked for again at the next layout.
 void reloadRows(SBLockScreenNotificationListView* listView);
 
 /// Scrolls so that that row is the topmost in sight, or as far as the list goes.
@@ -37,7 +37,7 @@ struct ShownRow {
   SBLockScreenBulletinCell* cell;
 };
 
-/// All rows from top to bottom, after a layout.
+/// All rows from top to bottom, as the latest layout left them.
 std::vector<ShownRow> shownRows(SBLockScreenNotificationListView* listView);
 
 }  // namespace phone
