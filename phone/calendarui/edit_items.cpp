@@ -1,5 +1,7 @@
 #include "phone/calendarui/edit_items.h"
 
+#include <string_view>
+
 #include "phone/calendarui/row_item.h"
 #include "phone/uikit/ui_view.h"
 #include "platform/calendarui/ek_event_edit_item.h"
@@ -88,14 +90,16 @@ std::vector<ClassDefinition> editItemClasses() {
 }
 
 std::vector<ItemPlace> editItemPlaces() {
-  std::vector<ItemPlace> places = {{"EKEventTitleEditItem", 0},    {"EKEventLocationEditItem", 0},
-                                   {"EKEventDateEditItem", 1},     {"EKEventRecurrenceEditItem", 1},
-                                   {"EKEventCalendarEditItem", 2}, {"EKEventAttendeesEditItem", 2},
-                                   {"EKEventAlarmEditItem", 3},    {"EKEventAvailabilityEditItem", 3},
-                                   {"EKEventURLEditItem", 4},      {"EKEventNotesEditItem", 4}};
+  std::vector<ItemPlace> places = {
+      {"EKEventTitleEditItem", 0},      {"EKEventLocationEditItem", 0},   {"EKEventDateEditItem", 1},
+      {"EKEventRecurrenceEditItem", 1}, {"EKEventTravelTimeEditItem", 1}, {"EKEventCalendarEditItem", 2},
+      {"EKEventAttendeesEditItem", 2},  {"EKEventAlarmEditItem", 3},      {"EKEventAvailabilityEditItem", 3},
+      {"EKEventURLEditItem", 4},        {"EKEventNotesEditItem", 4}};
   // Travel time came with iOS 8 and moved every later field up by one.
-  if (isIos8OrLater()) {
-    places.insert(places.begin() + 4, {"EKEventTravelTimeEditItem", 1});
+  if (!isIos8OrLater()) {
+    std::erase_if(places, [](const ItemPlace& place) {
+      return std::string_view(place.className) == "EKEventTravelTimeEditItem";
+    });
   }
   return places;
 }

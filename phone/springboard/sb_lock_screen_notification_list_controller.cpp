@@ -53,8 +53,8 @@ void setListVisible(Controller* self, bool isVisible) {
   }
 }
 
-// Every change is followed by a count, and the underlay comes or goes. The layout comes later, as at the end of
-// a turn of the run loop.
+// Every change is followed by a count, and the underlay comes or goes. The layout comes later, as at the end
+// of a turn of the run loop.
 void showChange(Controller* self) {
   const auto& listView = stateOf<ListControllerState>(self).listView;
   if (!listView) return;
