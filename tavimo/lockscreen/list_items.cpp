@@ -32,9 +32,13 @@ SBAwayBulletinListItem* asBulletinListItem(NSObject* item) {
                                                          : nullptr;
 }
 
+BBBulletin* recordOf(SBAwayBulletinListItem* item) {
+  return objc::sendIfResponds<"activeBulletin", BBBulletin*>(item);
+}
+
 Publisher publisherOfItem(NSObject* item) {
   SBAwayBulletinListItem* const listItem = asBulletinListItem(item);
-  return listItem == nullptr ? Publisher::kOther : publisherOf(listItem->activeBulletin());
+  return listItem == nullptr ? Publisher::kOther : publisherOf(recordOf(listItem));
 }
 
 NSObject* listItemAt(NSIndexPath* indexPath) {

@@ -23,6 +23,9 @@ Publisher publisherOf(BBBulletin* bulletin);
 /// The record's list item when `item` is one of the class that shows records, else none.
 SBAwayBulletinListItem* asBulletinListItem(NSObject* item);
 
+/// The item's record, or none (borrowed): the items of some releases cannot be asked for it.
+BBBulletin* recordOf(SBAwayBulletinListItem* item);
+
 /// The publisher of an item looked up from the list; items of other classes belong to others.
 Publisher publisherOfItem(NSObject* item);
 

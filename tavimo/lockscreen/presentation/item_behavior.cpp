@@ -46,7 +46,7 @@ bool canEditRow(SBLockScreenNotificationListView* self, SEL selector, UITableVie
                 NSIndexPath* indexPath) {
   if (isEnabled) {
     if (SBAwayBulletinListItem* const item = asBulletinListItem(listItemAt(indexPath)); item != nullptr) {
-      BBBulletin* const bulletin = item->activeBulletin();
+      BBBulletin* const bulletin = recordOf(item);
       if (debugMode) NSLog("Cell active bulletin: %@"_ns, bulletin->bulletinID());
       if (publisherOf(bulletin) == Publisher::kOwn) return false;
     }

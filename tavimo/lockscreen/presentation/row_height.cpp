@@ -34,7 +34,7 @@ SBAwayBulletinListItem* ownItemAt(NSIndexPath* indexPath) {
     logDebug<"%@ heightForRowAtIndexPath item is NOT of expected class">();
     return nullptr;
   }
-  BBBulletin* const bulletin = item->activeBulletin();
+  BBBulletin* const bulletin = recordOf(item);
   if (publisherOf(bulletin) == Publisher::kOwn) return item;
   if (debugMode) {
     logAlways("%@ heightForRowAtIndexPath, this is NOT our item, id is %@"_ns, bulletin->bulletinID());
