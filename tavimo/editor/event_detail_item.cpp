@@ -28,9 +28,9 @@ void setShown(EKEventDetailItemOrv* item, bool shown) {
   setFlagProperty<"showOnLockscreen">(item, nullptr, shown);
 }
 
-/// Whether `eventURI` belongs to the event that the item was pointed at last. It keeps an earlier event's
-/// text when the present one has none.
-constexpr objc::FixedString kHasEvent = "orvHasEvent";
+/// Whether the event that the item was pointed at last has no URL text: `eventURI` is then an earlier
+/// event's.
+constexpr objc::FixedString kLacksURLText = "orvLacksURLText";
 
 void buildRow(EKEventDetailItemOrv* item) {
   const LockScreenRow row = makeLockScreenRow(item);
@@ -46,7 +46,7 @@ void buildRow(EKEventDetailItemOrv* item) {
 
 void setEvent(EKEventDetailItemOrv* self, SEL /*selector*/, EKEvent* event, EKEventStore* /*store*/) {
   NSString* const urlText = externalURLText(event);
-  setFlagProperty<kHasEvent>(self, nullptr, urlText != nullptr);
+  setFlagProperty<kLacksURLText>(self, nullptr, urlText == nullptr);
   setShown(self, isShownOnLockScreen(urlText));
   if (urlText != nullptr) setObject<"eventURI">(self, urlText);
 }
@@ -67,7 +67,7 @@ void detailSwitchChanged(EKEventDetailItemOrv* self, SEL /*selector*/, UISwitch*
   const bool shown = sender->isOn();
   setShown(self, shown);
   NSString* const urlText =
-      flagProperty<kHasEvent>(self, nullptr) ? getObject<"eventURI", NSString>(self) : nullptr;
+      flagProperty<kLacksURLText>(self, nullptr) ? nullptr : getObject<"eventURI", NSString>(self);
   NSString* const key = hiddenEventKey(urlText);
   NSLog("Orv switch changed to %@. Event URI: %@, trimmed:%@"_ns, shown ? "ON"_ns : "OFF"_ns, urlText, key);
   if (key != nullptr) setEventHidden(key, !shown);

@@ -39,9 +39,10 @@ objc::Owned<EKEventOrvItem> makeItem(EKEventEditor* editor) {
 /// From iOS 8 on the editor shows its items in groups; the item ends the fourth.
 void appendToGroup(EKEventEditor* editor, EKEventOrvItem* item) {
   auto* const groups = objc::readIvar<NSMutableArray>(editor, "_orderedEditItems");
-  if (groups->count() <= kItemGroup || !groups->isKindOfClass(objc::classNamed<"NSMutableArray">())) return;
-  NSMutableArray* const group =
-      NSMutableArray::arrayWithArray(static_cast<NSArray*>(groups->objectAtIndex(kItemGroup)));
+  if (!groups->isKindOfClass(objc::classNamed<"NSMutableArray">()) || groups->count() <= kItemGroup) return;
+  NSObject* const hostGroup = groups->objectAtIndex(kItemGroup);
+  if (!hostGroup->isKindOfClass(objc::classNamed<"NSArray">())) return;
+  NSMutableArray* const group = NSMutableArray::arrayWithArray(static_cast<NSArray*>(hostGroup));
   group->addObject(item);
   groups->replaceObjectAtIndex(kItemGroup, group);
 }
