@@ -38,7 +38,7 @@ struct OwnCell {
     cell->primaryLabel()->setText("title"_ns);
     cell->relevanceDateLabel()->setText("date"_ns);
     cell->subtitleLabel()->setText("subtitle"_ns);
-    cell->secondaryLabel()->setText(text(message));
+    cell->secondaryLabel()->setText(textOrNone(message));
     phone.measure("title", {100, 20});
     phone.measure("date", {40, 15});
     phone.measure("subtitle", {100, 15});

@@ -182,9 +182,9 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
 SBAwayBulletinListItem* RecordingLockScreen::add(const char* identifier, const char* message,
                                                  const char* subtitle) {
   const auto bulletin = objc::make<BBBulletin, "BBBulletin">();
-  bulletin->setBulletinID(text(identifier));
-  bulletin->setMessage(text(message));
-  bulletin->setSubtitle(text(subtitle));
+  bulletin->setBulletinID(textOrNone(identifier));
+  bulletin->setMessage(textOrNone(message));
+  bulletin->setSubtitle(textOrNone(subtitle));
   return addRecord(bulletin.get());
 }
 

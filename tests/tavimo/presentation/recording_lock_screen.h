@@ -78,7 +78,7 @@ class RecordingLockScreen {
   objc::Owned<UITableView> table_;
 };
 
-inline NSString* text(const char* utf8) {
+inline NSString* textOrNone(const char* utf8) {
   return utf8 == nullptr ? nullptr : NSString::stringWithUTF8String(utf8);
 }
 

@@ -40,7 +40,7 @@ TEST(Underlay, ModeAndListDecideAboutListAndPluginScreens) {
       SCOPED_TRACE("list " + std::to_string(list) + ", mode " + std::to_string(mode));
       const bool suppressed = mode == 2 || (mode == 1 && onlyCustom);
       for (const auto& [name, decided] : requesters) {
-        EXPECT_EQ(ask(phone, text(name)),
+        EXPECT_EQ(ask(phone, textOrNone(name)),
                   decided && suppressed ? Texts{} : Texts{std::string("underlay ") + name});
       }
       EXPECT_EQ(ask(phone, "OrvNotificationList"_ns), Texts{"underlay NotificationList"});
@@ -52,7 +52,7 @@ TEST(Underlay, ModeAndListDecideAboutListAndPluginScreens) {
   exported<NSInteger>("wallpaperBlurMode") = 2;
   exported<bool>("isEnabled") = false;
   for (const char* const name : {"NotificationList", "OverlayContext1", "OrvNotificationList"}) {
-    EXPECT_EQ(ask(phone, text(name)), Texts{std::string("underlay ") + name});
+    EXPECT_EQ(ask(phone, textOrNone(name)), Texts{std::string("underlay ") + name});
   }
   EXPECT_EQ(RecordingLockScreen::log(), Texts{});
 }
@@ -115,7 +115,7 @@ TEST(Underlay, TellsItsDecisionInDebugMode) {
   };
   for (const auto& [requester, mode, line] : requests) {
     exported<NSInteger>("wallpaperBlurMode") = mode;
-    ask(phone, text(requester));
+    ask(phone, textOrNone(requester));
     EXPECT_EQ(RecordingLockScreen::log(), Texts{line});
   }
   exported<bool>("isEnabled") = false;
