@@ -5,7 +5,6 @@
 #include "phone/bulletinboard/bulletinboard.h"
 #include "phone/foundation/foundation.h"
 #include "phone/objc/hooking.h"
-#include "phone/springboard/sb_lock_screen_plugin_overlay_context.h"
 #include "phone/uikit/ui_view.h"
 #include "phone/uikit/uikit.h"
 #include "platform/foundation/foundation_version.h"
@@ -127,6 +126,15 @@ ClassDefinition lockScreenView() {
                       method("_removeLockContentUnderlayWithRequester:", removeUnderlay)}};
 }
 
+id initWithPluginName(NSObject* self, SEL, NSString*, NSObject*, NSObject*) { return self; }
+
+ClassDefinition overlayContext() {
+  return {.name = "SBLockScreenPluginOverlayContext",
+          .superclass = "NSObject",
+          .methods = {
+              method("initWithPluginName:pluginController:lockScreenViewController:", initWithPluginName)}};
+}
+
 /// A table that has one cell, in the row that the cell's tag names (section times 1000 plus row).
 NSIndexPath* indexPathForCell(UITableView*, SEL, UIView* cell) {
   const auto place = objc::send<"tag", NSInteger>(cell);
@@ -162,7 +170,7 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
   registerClass(listViewClass(shape.listViewHasHeightCache));
   registerClass(cell(shape.cellHasUnlockLabel));
   registerClass(lockScreenView());
-  registerClass(sbLockScreenPluginOverlayContext());
+  registerClass(overlayContext());
   registerClass(table());
   hookMethod(objc::classNamed<"NSString">(), "sizeWithFont:", sizeWithFont, sizeWithFontDisplaced);
   loadPlugin(TAVIMO_LIBRARY);
