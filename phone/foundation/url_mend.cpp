@@ -58,7 +58,8 @@ ClassDefinition urlWithoutPath() {
   return {.name = kMendedClass,
           .superclass = "NSURL",
           .methods = {method("absoluteString", mendedText<"absoluteString">),
-                      method("relativeString", mendedText<"relativeString">), method("path", emptyPath)}};
+                      method("relativeString", mendedText<"relativeString">),
+                      method("description", mendedText<"description">), method("path", emptyPath)}};
 }
 
 }  // namespace
