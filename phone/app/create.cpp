@@ -2,11 +2,11 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "phone/app/calendar_icon.h"
 #include "phone/app/phone_files.h"
 #include "phone/app/verbs.h"
 #include "phone/foundation/foundation.h"
 #include "phone/foundation/phone_root.h"
+#include "phone/springboard/stock_icons.h"
 
 namespace phone {
 
@@ -31,9 +31,7 @@ void create(const fs::path& root) {
   for (const char* folder : {"/var/mobile/Library/Preferences", "/var/mobile/Library/Calendar"}) {
     fs::create_directories(pathOnThisMachine(folder));
   }
-  const fs::path icon = pathOnThisMachine(kCalendarAppIcon);
-  fs::create_directories(icon.parent_path());
-  drawCalendarIcon(icon);
+  installStockIcons(fs::absolute(root));
   // The Calendar app keeps its choices from its first start on; without the file no calendar counts as shown.
   writeFile(kCalendarAppPreferences, NSMutableDictionary::dictionary());
   std::cout << "made a phone in " << root.string() << "\n";

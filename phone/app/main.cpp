@@ -42,6 +42,8 @@ int run(int argc, char** argv) {
   Invocation invocation;
   invocation.addOptionsTo(command);
   addCreateVerb(command, invocation);
+  addLockscreenVerb(command, invocation);
+  addCalendarsVerb(command, invocation);
   addSettingsVerb(command, invocation);
   addOrderVerb(command, invocation);
   try {

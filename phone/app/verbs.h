@@ -6,6 +6,8 @@
 namespace phone {
 
 void addCreateVerb(CLI::App& command, const Invocation& invocation);
+void addLockscreenVerb(CLI::App& command, const Invocation& invocation);
+void addCalendarsVerb(CLI::App& command, const Invocation& invocation);
 void addSettingsVerb(CLI::App& command, const Invocation& invocation);
 void addOrderVerb(CLI::App& command, const Invocation& invocation);
 

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "phone/bulletinboard/bulletinboard.h"
+#include "phone/eventkit/eventkit.h"
 #include "phone/foundation/foundation.h"
 #include "phone/objc/plugin.h"
 #include "phone/springboard/list_items.h"
@@ -56,6 +57,7 @@ HomeScreen HomeScreen::boot(const HostOptions& options, const std::filesystem::p
     const AutoreleasePool pool;
     registerUIKit();
     registerBulletinBoard();
+    registerEventKit();
     registerSpringBoard();
     if (!pluginLibrary.empty()) loadPlugin(pluginLibrary);
     startApplication("SpringBoard");

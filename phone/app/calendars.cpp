@@ -1,0 +1,114 @@
+// phone calendars: which calendars there are, and which of them the lock screen searches.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "phone/app/calendar_choice.h"
+#include "phone/app/verbs.h"
+#include "phone/app/wrong_use.h"
+
+namespace phone {
+
+namespace {
+
+bool isSearched(const CalendarChoice& calendar, bool bySelection) {
+  return bySelection ? calendar.selected : calendar.shown;
+}
+
+void listForPeople(const std::vector<CalendarChoice>& calendars, bool bySelection) {
+  for (const CalendarChoice& calendar : calendars) {
+    std::cout << calendar.title << "\n    " << calendar.color << "  " << calendar.identifier << "\n    "
+              << (calendar.shown ? "shown" : "hidden") << " in the Calendar app, "
+              << (calendar.selected ? "" : "not ") << "selected for the lock screen: "
+              << (isSearched(calendar, bySelection) ? "searched" : "not searched") << "\n";
+  }
+  if (calendars.empty()) {
+    std::cout << "There are no calendars; \"phone import FILE.ics\" brings some in.\n";
+    return;
+  }
+  std::cout << (bySelection ? "The lock screen goes by the selection (onlySelectedCalendars is off).\n"
+                            : "The lock screen goes by the Calendar app (onlySelectedCalendars is on).\n");
+}
+
+void listAsJson(const std::vector<CalendarChoice>& calendars, bool bySelection) {
+  auto all = nlohmann::ordered_json::array();
+  for (const CalendarChoice& calendar : calendars) {
+    all.push_back({{"identifier", calendar.identifier},
+                   {"title", calendar.title},
+                   {"color", calendar.color},
+                   {"isShown", calendar.shown},
+                   {"isSelected", calendar.selected},
+                   {"isSearched", isSearched(calendar, bySelection)}});
+  }
+  std::cout << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+}
+
+std::vector<std::string> identifiersOf(const std::vector<std::string>& meant) {
+  const std::vector<CalendarChoice> calendars = calendarChoices();
+  std::vector<std::string> identifiers;
+  for (const std::string& name : meant) identifiers.push_back(calendarMeant(calendars, name).identifier);
+  return identifiers;
+}
+
+struct Arguments {
+  bool json = false;
+  bool none = false;
+  std::vector<std::string> calendars;
+};
+
+void addShownVerb(CLI::App& calendars, const Invocation& invocation,
+                  const std::shared_ptr<Arguments>& arguments, bool shown) {
+  const std::string name = shown ? "show" : "hide";
+  CLI::App* const verb = addVerb(
+      calendars, name, std::string("Switch calendars ") + (shown ? "on" : "off") + " in the Calendar app",
+      "phone calendars " + name + " Work");
+  verb->add_option("CALENDAR", arguments->calendars, "Names or identifiers")->required();
+  verb->callback([&invocation, arguments, shown] {
+    invocation.openPhone();
+    setShown(identifiersOf(arguments->calendars), shown);
+  });
+}
+
+void addSelect(CLI::App& calendars, const Invocation& invocation,
+               const std::shared_ptr<Arguments>& arguments) {
+  CLI::App* const verb =
+      addVerb(calendars, "select",
+              "Choose the calendars that the lock screen searches, instead of the Calendar app's",
+              "phone calendars select Work Home\n  phone settings set onlySelectedCalendars off");
+  verb->add_option("CALENDAR", arguments->calendars, "Names or identifiers; they replace an earlier choice");
+  verb->add_flag("--none", arguments->none, "Choose no calendar");
+  verb->callback([&invocation, arguments] {
+    if (arguments->none == !arguments->calendars.empty())
+      throw WrongUse("name the calendars, or give --none");
+    invocation.openPhone();
+    setSelected(identifiersOf(arguments->calendars));
+    if (selectionIsInEffect()) return;
+    std::cerr
+        << "phone calendars select: the lock screen still goes by the Calendar app; \"phone settings set "
+           "onlySelectedCalendars off\" lets it go by this choice\n";
+  });
+}
+
+}  // namespace
+
+void addCalendarsVerb(CLI::App& command, const Invocation& invocation) {
+  CLI::App* const calendars =
+      addVerb(command, "calendars", "List the calendars, and choose those that are searched",
+              "phone calendars list\n  phone calendars hide Holidays");
+  calendars->require_subcommand(1);
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const list =
+      addVerb(*calendars, "list", "Show every calendar and whether the lock screen searches it",
+              "phone calendars list --json");
+  list->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each calendar");
+  list->callback([&invocation, arguments] {
+    invocation.openPhone();
+    (arguments->json ? listAsJson : listForPeople)(calendarChoices(), selectionIsInEffect());
+  });
+  addShownVerb(*calendars, invocation, arguments, true);
+  addShownVerb(*calendars, invocation, arguments, false);
+  addSelect(*calendars, invocation, arguments);
+}
+
+}  // namespace phone
