@@ -3,6 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "phone/eventkit/store_connection.h"
 #include "platform/eventkit/ek_calendar.h"
 #include "platform/eventkit/ek_event.h"
 #include "platform/eventkit/ek_event_store.h"
@@ -50,6 +51,8 @@ void enterFields(EKEvent* event, EKEventStore* store, const EventFields& fields)
 
 EKEvent* makeNewEvent(EKEventStore* store) {
   constexpr double kHour = 3600;
+  // A phone into which nothing was imported has a calendar of its own all the same.
+  if (store->calendars()->count() == 0) sharedDatabaseForWriting().calendarNamed("Calendar", std::nullopt);
   EKEvent* const event = EKEvent::eventWithEventStore(store);
   const double start = std::ceil(NSDate::date()->timeIntervalSinceReferenceDate() / kHour) * kHour;
   event->setStartDate(dateAt(start));

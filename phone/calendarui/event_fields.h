@@ -26,7 +26,7 @@ struct EventFields {
 void enterFields(EKEvent* event, EKEventStore* store, const EventFields& fields);
 
 /// A new event before its user has entered anything: an hour from the next full hour on, in the default
-/// calendar. Borrowed.
+/// calendar. Borrowed. Throws std::runtime_error when the calendar database cannot be used.
 EKEvent* makeNewEvent(EKEventStore* store);
 
 }  // namespace phone

@@ -1,0 +1,167 @@
+#include "phone/calendarui/calendar_process.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "phone/calendarui/add_event_view_controller.h"
+#include "phone/calendarui/calendarui.h"
+#include "phone/calendarui/ek_event_editor.h"
+#include "phone/calendarui/ek_event_view_controller.h"
+#include "phone/eventkit/eventkit.h"
+#include "phone/foundation/foundation.h"
+#include "phone/objc/plugin.h"
+#include "phone/uikit/ui_switch.h"
+#include "phone/uikit/uikit.h"
+#include "platform/eventkit/ek_event.h"
+
+namespace phone {
+
+namespace {
+
+bool isEditor(UIViewController* controller) {
+  return controller->isKindOfClass(objc::classNamed<"EKEventEditor">());
+}
+
+const ItemTable& rowsOf(UIViewController* controller) {
+  return isEditor(controller) ? tableOf(static_cast<EKEventEditor*>(controller))
+                              : tableOf(static_cast<EKEventViewController*>(controller));
+}
+
+void appear(UIViewController* controller) { objc::send<"viewWillAppear:">(controller, true); }
+
+void disappear(UIViewController* controller) { objc::send<"viewWillDisappear:">(controller, true); }
+
+ScreenBar barOf(UIViewController* controller) {
+  if (!isEditor(controller)) return {"Event Details", "‹ Back", "Edit"};
+  const bool isNew = controller->parentViewController()->parentViewController() != nullptr;
+  if (isNew) return {"New Event", "Cancel", "Add"};
+  return {"Edit Event", "Cancel", "Done", "Delete Event"};
+}
+
+/// Borrowed. Throws std::runtime_error when there is none.
+EKEvent* findEvent(EKEventStore* store, const std::string& identifier) {
+  EKEvent* const event = store->eventWithIdentifier(NSString::stringWithUTF8String(identifier.c_str()));
+  if (event == nullptr) throw std::runtime_error("There is no event \"" + identifier + "\".");
+  return event;
+}
+
+}  // namespace
+
+CalendarProcess CalendarProcess::boot(const HostOptions& options,
+                                      const std::filesystem::path& pluginLibrary) {
+  startFoundation(options);
+  {
+    // Gone before the process makes its own pool: pools end in the reverse order of their making.
+    const AutoreleasePool pool;
+    registerUIKit();
+    registerEventKit();
+    registerCalendarUI();
+    if (!pluginLibrary.empty()) loadPlugin(pluginLibrary);
+  }
+  return {};
+}
+
+CalendarProcess::CalendarProcess() : store_(objc::make<EKEventStore, "EKEventStore">()) {}
+
+CalendarProcess::~CalendarProcess() = default;
+
+EKEventViewController* CalendarProcess::frontView() const {
+  return views_.empty() ? nullptr : views_.back().get();
+}
+
+EKEventViewController* CalendarProcess::openEvent(const std::string& identifier) {
+  const AutoreleasePool pool;
+  auto view = makeEventViewController(findEvent(store(), identifier), store());
+  disappear(frontView());
+  views_.push_back(std::move(view));
+  appear(frontView());
+  return frontView();
+}
+
+void CalendarProcess::goBack() {
+  if (views_.empty()) return;
+  const AutoreleasePool pool;
+  disappear(frontView());
+  views_.pop_back();
+  appear(frontView());
+}
+
+EKEventEditor* CalendarProcess::open(EKEvent* event, EKEventViewController* coveredView, bool isNew) {
+  OpenEditor opened{makeEditViewController(event, store(), coveredView), {}, coveredView};
+  if (isNew) opened.addScreen = makeAddEventViewController(opened.frame.get());
+  editors_.push_back(std::move(opened));
+  EKEventEditor* const editor = editors_.back().frame->editor();
+  disappear(coveredView);
+  appear(editor);
+  return editor;
+}
+
+EKEventEditor* CalendarProcess::editFrontEvent() {
+  const AutoreleasePool pool;
+  EKEventViewController* const view = frontView();
+  if (view == nullptr) throw std::runtime_error("No event is shown, so there is nothing to edit.");
+  // The editor changes an event object of its own: a cancelled change leaves no trace in the view.
+  return open(findEvent(store(), view->event()->eventIdentifier()->UTF8String()), view, false);
+}
+
+EKEventEditor* CalendarProcess::editEvent(const std::string& identifier) {
+  const AutoreleasePool pool;
+  return open(findEvent(store(), identifier), nullptr, false);
+}
+
+EKEventEditor* CalendarProcess::newEvent() {
+  const AutoreleasePool pool;
+  return open(makeNewEvent(store()), nullptr, true);
+}
+
+void CalendarProcess::enter(EKEventEditor* editor, const EventFields& fields) {
+  const AutoreleasePool pool;
+  enterFields(static_cast<EKEvent*>(editor->calendarItem()), store(), fields);
+  reloadRows(editor);
+}
+
+bool CalendarProcess::close(EKEventEditor* editor, EditAction action) {
+  const AutoreleasePool pool;
+  objc::send<"completeWithAction:animated:">(editor, static_cast<NSInteger>(action), true);
+  const auto place = std::ranges::find_if(
+      editors_, [editor](const OpenEditor& each) { return each.frame->editor() == editor; });
+  if (place == editors_.end() || isOpen(place->frame.get())) return false;
+  const OpenEditor closed = std::move(*place);
+  editors_.erase(place);
+  disappear(editor);
+  if (closed.coveredView != nullptr) uncover(closed.coveredView);
+  return true;
+}
+
+void CalendarProcess::uncover(EKEventViewController* view) {
+  // A view whose event was deleted has nothing left to show.
+  if (!hasEvent(view)) {
+    std::erase_if(views_, [view](const auto& each) { return each.get() == view; });
+  }
+  appear(frontView());
+}
+
+CalendarScreen CalendarProcess::screenOf(UIViewController* controller) const {
+  const AutoreleasePool pool;
+  return describe(barOf(controller), rowsOf(controller));
+}
+
+void CalendarProcess::draw(UIViewController* controller, const std::filesystem::path& png) const {
+  const AutoreleasePool pool;
+  drawScreen(barOf(controller), rowsOf(controller), png);
+}
+
+void CalendarProcess::setSwitch(UIViewController* controller, const std::string& row, bool on) {
+  const AutoreleasePool pool;
+  for (const auto& group : rowsOf(controller).groups) {
+    for (const auto& cell : group) {
+      UISwitch* const found = switchIn(cell.get());
+      if (found == nullptr || rowOf(cell.get()).text != row) continue;
+      if (found->isOn() != on) flipSwitch(found);
+      return;
+    }
+  }
+  throw std::runtime_error("The screen has no switch \"" + row + "\".");
+}
+
+}  // namespace phone
