@@ -71,6 +71,8 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0"?>
     </edit>
   </match>
   <match target="font">
+    <!-- Not for the emoji: smoothed, Cairo does not draw them. -->
+    <test name="outline"><bool>true</bool></test>
     <edit name="antialias" mode="assign"><bool>true</bool></edit>
     <edit name="hinting" mode="assign"><bool>false</bool></edit>
     <edit name="hintstyle" mode="assign"><const>hintnone</const></edit>
