@@ -36,11 +36,10 @@ void appendUtf8(std::string& utf8, char32_t character) {
 
 }  // namespace
 
-LayoutText layoutText(NSString* text, NSUInteger mostUnits) {
+const std::string& layoutText(NSString* text, NSUInteger mostUnits) {
   static std::vector<char16_t> units;
   static std::string utf8;
-  const NSUInteger length = text->length();
-  units.resize(std::min(length, mostUnits));
+  units.resize(std::min(text->length(), mostUnits));
   utf8.clear();
   // The phone's own conversion stops at a zero character and refuses half a surrogate pair.
   objc::send<"getCharacters:range:">(text, units.data(), NSRange{0, units.size()});
@@ -53,7 +52,7 @@ LayoutText layoutText(NSString* text, NSUInteger mostUnits) {
     }
     appendUtf8(utf8, isBreakOrControl(character) ? U' ' : character);
   }
-  return {utf8, units.size() == length};
+  return utf8;
 }
 
 }  // namespace phone

@@ -7,13 +7,8 @@
 
 namespace phone {
 
-/// The text in UTF-8. Line breaks and control characters become spaces, a surrogate without its partner
-/// becomes the replacement character. At most `mostUnits` UTF-16 code units are taken; `isWhole` tells
-/// whether that was all. The result is valid until the next call.
-struct LayoutText {
-  const std::string& utf8;
-  bool isWhole;
-};
-LayoutText layoutText(NSString* text, NSUInteger mostUnits);
+/// The first `mostUnits` UTF-16 code units of the text in UTF-8. Line breaks and control characters become
+/// spaces, a surrogate without its partner becomes the replacement character. Valid until the next call.
+const std::string& layoutText(NSString* text, NSUInteger mostUnits);
 
 }  // namespace phone

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <cstdint>
 #include <map>
 
 #include "phone/uikit/font_map.h"
@@ -16,6 +16,8 @@ namespace {
 constexpr double kMostShapedPoints = 1000;
 /// No line shows more characters than this, so a longer text is cut before it is drawn.
 constexpr NSUInteger kMostDrawnUnits = 4000;
+/// A longer text is as wide as its beginning of this length: wider than any screen, and no delay.
+constexpr NSUInteger kMostMeasuredUnits = 100000;
 
 PangoContext* makeContext() {
   PangoContext* const context = pango_font_map_create_context(fontMap());
@@ -47,6 +49,16 @@ PangoLayout* makeLayout(PangoContext* context, const PangoFontDescription* descr
   pango_layout_set_font_description(layout, description);
   pango_layout_set_single_paragraph_mode(layout, TRUE);
   return layout;
+}
+
+/// In points. Pango's own sum ends at two million of them.
+double lineWidth(PangoLayoutLine* line) {
+  std::int64_t width = 0;
+  for (const GSList* each = line->runs; each != nullptr; each = each->next) {
+    const PangoGlyphString* const glyphs = static_cast<const PangoLayoutRun*>(each->data)->glyphs;
+    for (int i = 0; i < glyphs->num_glyphs; ++i) width += glyphs->glyphs[i].geometry.width;
+  }
+  return static_cast<double>(width) / PANGO_SCALE;
 }
 
 }  // namespace
@@ -88,11 +100,9 @@ double TypeFace::lineHeight() const { return std::ceil(ascent_ + descent_); }
 CGSize TypeFace::measure(NSString* text) {
   if (!(shapedPoints_ > 0) || text->length() == 0) return {};
   if (layout_ == nullptr) layout_ = makeLayout(measuringContext(), description_);
-  const std::string& utf8 = layoutText(text, std::numeric_limits<NSUInteger>::max()).utf8;
+  const std::string& utf8 = layoutText(text, kMostMeasuredUnits);
   pango_layout_set_text(layout_, utf8.data(), static_cast<int>(utf8.size()));
-  PangoRectangle line;
-  pango_layout_get_extents(layout_, nullptr, &line);
-  return {std::ceil(ratio_ * line.width / PANGO_SCALE), lineHeight()};
+  return {std::ceil(ratio_ * lineWidth(pango_layout_get_line_readonly(layout_, 0))), lineHeight()};
 }
 
 void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment alignment,
@@ -101,7 +111,7 @@ void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment 
   if (!(shapedPoints_ > 0) || !(width > 0) || text->length() == 0) return;
   pango_cairo_update_context(canvas, drawingContext());
   PangoLayout* const layout = makeLayout(drawingContext(), description_);
-  const auto [utf8, isWhole] = layoutText(text, kMostDrawnUnits);
+  const std::string& utf8 = layoutText(text, kMostDrawnUnits);
   pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
   pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
   // A little room, so that a text in a frame of exactly its measured width is whole.
@@ -109,9 +119,7 @@ void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment 
   const double mostWidth = std::min(width + kRoom, 1e6);
   pango_layout_set_width(layout, static_cast<int>(mostWidth * PANGO_SCALE));
   PangoLayoutLine* const line = pango_layout_get_line_readonly(layout, 0);
-  PangoRectangle extents;
-  pango_layout_line_get_extents(line, nullptr, &extents);
-  const double spare = width - static_cast<double>(extents.width) / PANGO_SCALE;
+  const double spare = width - lineWidth(line);
   const double share = alignment == TextAlignment::kRight ? 1 : alignment == TextAlignment::kCenter ? 0.5 : 0;
   const double top = rect.origin.y + (rect.size.height - (ascent_ + descent_)) / 2;
   cairo_save(canvas);

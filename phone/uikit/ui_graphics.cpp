@@ -1,5 +1,6 @@
 #include "phone/uikit/ui_graphics.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "phone/uikit/ui_image.h"
@@ -28,11 +29,16 @@ std::shared_ptr<CGContext> makeCanvas(CGSize size, bool opaque, CGFloat scale) {
 
 }  // namespace
 
-CurrentContext::CurrentContext(cairo_t* canvas) {
-  entries().push_back({std::make_shared<CGContext>(canvas), false});
+CurrentContext::CurrentContext(cairo_t* canvas)
+    : context_(std::make_shared<CGContext>(canvas)), depth_(entries().size()) {
+  entries().push_back({context_, false});
 }
 
-CurrentContext::~CurrentContext() { entries().pop_back(); }
+CurrentContext::~CurrentContext() {
+  // What the drawing began and did not end must not reach the next view.
+  while (!context_->savedColors.empty()) CGContextRestoreGState(context_.get());
+  entries().resize(std::min(depth_, entries().size()));
+}
 
 cairo_t* currentCanvas() {
   CGContext* const context = currentContext();

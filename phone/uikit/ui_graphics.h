@@ -25,6 +25,10 @@ class CurrentContext {
   ~CurrentContext();
   CurrentContext(const CurrentContext&) = delete;
   CurrentContext& operator=(const CurrentContext&) = delete;
+
+ private:
+  std::shared_ptr<CGContext> context_;
+  std::size_t depth_;
 };
 
 /// The Cairo context behind the current drawing context (borrowed), or none.

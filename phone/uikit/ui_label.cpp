@@ -14,9 +14,8 @@ constexpr double kDefaultPoints = 17;
 
 UILabel* initWithFrame(UILabel* self, SEL selector, CGRect frame) {
   self = objc::sendSuper<UILabel*>(objc::classNamed<"UIView">(), self, selector, frame);
-  auto& label = stateOf<LabelState>(self);
-  label.font = makeFont(FontWeight::kRegular, kDefaultPoints);
-  label.textColor = objc::Owned<UIColor>::retain(UIColor::blackColor());
+  self->setFont(nullptr);
+  self->setTextColor(nullptr);
   stateOf<ViewState>(self).userInteractionEnabled = false;
   return self;
 }
@@ -27,8 +26,11 @@ void setText(UILabel* self, SEL, NSString* text) {
 }
 
 void setFont(UILabel* self, SEL, UIFont* font) {
-  stateOf<LabelState>(self).font =
-      font == nullptr ? makeFont(FontWeight::kRegular, kDefaultPoints) : objc::Owned<UIFont>::retain(font);
+  auto& own = stateOf<LabelState>(self).font;
+  own = font == nullptr ? makeFont(FontWeight::kRegular, kDefaultPoints) : objc::Owned<UIFont>::retain(font);
+  // A label is often as high as the system font's line, which letters of other scripts pass a little.
+  constexpr double kShareOfLine = 0.35;
+  stateOf<ViewState>(self).overhang = kShareOfLine * typeFaceOf(own.get()).lineHeight();
 }
 
 void setTextColor(UILabel* self, SEL, UIColor* color) {

@@ -44,10 +44,14 @@ void drawRect(UISwitch* self, SEL, CGRect) {
     cairo_set_source_rgb(canvas, 1, 1, 1);
     cairo_fill(canvas);
   }
-  // The knob's shadow: a soft edge below it.
-  for (int step = 3; step >= 1; --step) {
-    addRoundedRect(canvas, {{left, kRim + step * 0.9}, {kKnob, kKnob}}, kKnob / 2);
-    cairo_set_source_rgba(canvas, 0, 0, 0, 0.06);
+  // The knob's shadow: a soft edge around and below it, inside the switch.
+  addRoundedRect(canvas, {{0, 0}, kSize}, kSize.height / 2);
+  cairo_clip(canvas);
+  for (int step = 1; step <= 3; ++step) {
+    const double spread = 0.5 * step;
+    addRoundedRect(canvas, {{left - spread, kRim + 1 - spread}, {kKnob + 2 * spread, kKnob + 2 * spread}},
+                   kKnob / 2 + spread);
+    cairo_set_source_rgba(canvas, 0, 0, 0, 0.05);
     cairo_fill(canvas);
   }
   addRoundedRect(canvas, {{left, kRim}, {kKnob, kKnob}}, kKnob / 2);

@@ -22,6 +22,8 @@ struct ViewState {
   NSUInteger autoresizingMask = 0;
   NSInteger tag = 0;
   CGFloat alpha = 1;
+  /// How far the view's own drawing may reach above and below its bounds, in points.
+  CGFloat overhang = 0;
   bool hidden = false;
   bool clipsToBounds = false;
   bool autoresizesSubviews = true;

@@ -1,5 +1,6 @@
 #include "phone/uikit/view_drawing.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "phone/uikit/ui_color.h"
@@ -9,6 +10,33 @@
 namespace phone {
 
 namespace {
+
+void clipTo(cairo_t* canvas, CGRect rect) {
+  cairo_rectangle(canvas, rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);
+  cairo_clip(canvas);
+}
+
+/// What the view and all below it can draw on, in the view's own coordinates: a layer need not be larger.
+CGRect coveredArea(UIView* view) {
+  const ViewState& state = stateOf<ViewState>(view);
+  double left = state.boundsOrigin.x;
+  double top = state.boundsOrigin.y - state.overhang;
+  double right = left + state.frame.size.width;
+  double bottom = state.boundsOrigin.y + state.frame.size.height + state.overhang;
+  if (!state.clipsToBounds) {
+    for (const auto& subview : state.subviews) {
+      const ViewState& below = stateOf<ViewState>(subview.get());
+      const CGRect area = coveredArea(subview.get());
+      const double x = area.origin.x + below.frame.origin.x - below.boundsOrigin.x;
+      const double y = area.origin.y + below.frame.origin.y - below.boundsOrigin.y;
+      left = std::min(left, x);
+      top = std::min(top, y);
+      right = std::max(right, x + area.size.width);
+      bottom = std::max(bottom, y + area.size.height);
+    }
+  }
+  return {{left, top}, {right - left, bottom - top}};
+}
 
 void drawOwnContent(cairo_t* canvas, UIView* view, const ViewState& state) {
   const CGRect bounds{state.boundsOrigin, state.frame.size};
@@ -20,10 +48,12 @@ void drawOwnContent(cairo_t* canvas, UIView* view, const ViewState& state) {
   }
   cairo_save(canvas);
   // What a view draws outside its bounds is not seen.
-  cairo_rectangle(canvas, bounds.origin.x, bounds.origin.y, bounds.size.width, bounds.size.height);
-  cairo_clip(canvas);
-  const CurrentContext current(canvas);
-  objc::send<"drawRect:">(view, bounds);
+  clipTo(canvas, {{bounds.origin.x, bounds.origin.y - state.overhang},
+                  {bounds.size.width, bounds.size.height + 2 * state.overhang}});
+  {
+    const CurrentContext current(canvas);
+    objc::send<"drawRect:">(view, bounds);
+  }
   cairo_restore(canvas);
 }
 
@@ -35,12 +65,12 @@ void drawHierarchy(cairo_t* canvas, UIView* view) {
   cairo_translate(canvas, state.frame.origin.x - bounds.origin.x, state.frame.origin.y - bounds.origin.y);
   // A translucent view is one layer: its parts do not show through one another.
   const bool isTranslucent = state.alpha < 1;
-  if (isTranslucent) cairo_push_group(canvas);
-  drawOwnContent(canvas, view, state);
-  if (state.clipsToBounds) {
-    cairo_rectangle(canvas, bounds.origin.x, bounds.origin.y, bounds.size.width, bounds.size.height);
-    cairo_clip(canvas);
+  if (isTranslucent) {
+    clipTo(canvas, coveredArea(view));
+    cairo_push_group(canvas);
   }
+  drawOwnContent(canvas, view, state);
+  if (state.clipsToBounds) clipTo(canvas, bounds);
   for (const auto& subview : std::vector(state.subviews)) drawHierarchy(canvas, subview.get());
   if (isTranslucent) {
     cairo_pop_group_to_source(canvas);
