@@ -18,12 +18,20 @@ void useColor(cairo_t* canvas, const CGColor& color) {
   cairo_set_source_rgba(canvas, red, green, blue, alpha);
 }
 
+/// True for a length that Cairo draws in reasonable time. It breaks curves into pieces by their size in
+/// pixels, wherever they lie, and would be busy with an absurd one for minutes.
+bool isDrawable(cairo_t* canvas, double width, double height) {
+  constexpr double kMostPixels = 100000;
+  cairo_user_to_device_distance(canvas, &width, &height);
+  return std::abs(width) <= kMostPixels && std::abs(height) <= kMostPixels;
+}
+
 /// Replaces the path by the ellipse; false when there is nothing to draw.
 bool setEllipse(cairo_t* canvas, CGRect rect) {
   const double width = CGRectGetWidth(rect);
   const double height = CGRectGetHeight(rect);
   cairo_new_path(canvas);
-  if (!(width > 0) || !(height > 0)) return false;
+  if (!(width > 0) || !(height > 0) || !isDrawable(canvas, width, height)) return false;
   cairo_matrix_t before;
   cairo_get_matrix(canvas, &before);
   cairo_translate(canvas, CGRectGetMinX(rect) + width / 2, CGRectGetMinY(rect) + height / 2);
@@ -38,7 +46,9 @@ bool setEllipse(cairo_t* canvas, CGRect rect) {
 }  // namespace
 
 void CGContextSetLineWidth(CGContextRef context, CGFloat width) {
-  if (context != nullptr) cairo_set_line_width(context->canvas, width);
+  if (context != nullptr && isDrawable(context->canvas, width, width)) {
+    cairo_set_line_width(context->canvas, width);
+  }
 }
 
 void CGContextSetStrokeColorWithColor(CGContextRef context, CGColorRef color) {
@@ -106,8 +116,8 @@ void CGContextAddArcToPoint(CGContextRef context, CGFloat cornerX, CGFloat corne
   const double onX = (endX - cornerX) / onLength;
   const double onY = (endY - cornerY) / onLength;
   const double turn = backX * onY - backY * onX;
-  if (!(std::abs(turn) > 1e-9) || !(radius > 0)) {
-    // The legs lie on one line, or there is no radius: the corner itself is the path.
+  if (!(std::abs(turn) > 1e-9) || !(radius > 0) || !isDrawable(canvas, radius, radius)) {
+    // The legs lie on one line, or the radius is none to speak of: the corner itself is the path.
     cairo_line_to(canvas, cornerX, cornerY);
     return;
   }
