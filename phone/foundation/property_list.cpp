@@ -15,7 +15,8 @@ objc::Owned<NSObject> readPropertyList(const std::filesystem::path& file, Contai
   try {
     guardStructure(bytes);
     plist_t parsed = nullptr;
-    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &parsed);
+    const auto parse = isBinaryPropertyList(bytes) ? plist_from_bin : plist_from_xml;
+    parse(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &parsed);
     const PropertyListTree tree(parsed);
     if (tree == nullptr) throw std::runtime_error("it is no property list");
     const AutoreleasePool pool;

@@ -10,7 +10,6 @@ namespace phone {
 
 namespace {
 
-constexpr std::string_view kBinaryMark = "bplist";
 /// What a list may unfold into, in bytes.
 constexpr std::uint64_t kLargestUnfolding = 128ULL << 20;
 /// About what a value costs besides its own bytes.
@@ -151,7 +150,7 @@ class BinaryWalk {
 }  // namespace
 
 void guardStructure(std::string_view bytes) {
-  if (bytes.starts_with(kBinaryMark)) {
+  if (isBinaryPropertyList(bytes)) {
     BinaryWalk(bytes).guard();
   } else {
     guardXml(bytes);

@@ -79,7 +79,7 @@ TEST_F(Memory, ThousandRoundsLeaveItWhereItWas) {
   for (int i = 0; i < 1000; ++i) round();
   const std::size_t after = mallinfo2().uordblks;
   // No object is smaller than 16 bytes; Foundation's own pools and caches may still grow a little.
-  EXPECT_LT(after, before + 1000 * 16);
+  EXPECT_LT(after, before + 16'000);
 }
 
 }  // namespace
