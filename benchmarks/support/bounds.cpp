@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <iostream>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string_view>
@@ -79,13 +80,12 @@ int runAgainstBounds(int argc, char** argv, const std::vector<Bound>& bounds) tr
 
   nlohmann::json rows = nlohmann::json::array();
   bool allHold = true;
-  std::printf("\n%-78s %12s %12s  %s\n", "", "measured", "bound", "verdict");
   for (const Bound& bound : bounds) {
     const double measured = bound.measured(measurements);
     const char* const result = verdict(bound, measured);
     allHold = allHold && std::strcmp(result, "BROKEN") != 0;
     const std::string limit = bound.limit == kNoLimit ? "-" : std::to_string(bound.limit).substr(0, 8);
-    std::printf("%-78s %12.3f %12s  %s\n", (bound.what + " (" + bound.unit + ")").c_str(), measured,
+    std::printf("%-88s %12.3f %12s  %s\n", (bound.what + " (" + bound.unit + ")").c_str(), measured,
                 limit.c_str(), result);
     rows.push_back({{"what", bound.what}, {"unit", bound.unit}, {"measured", measured}, {"verdict", result}});
     if (bound.limit != kNoLimit) rows.back()["bound"] = bound.limit;

@@ -44,8 +44,9 @@ struct Bound {
 
 inline constexpr double kNoLimit = 0;
 
-/// Runs the registered benchmarks, prints figures, bounds and verdicts as a table, and writes them as JSON to
-/// the file that `--bounds-json=FILE` names. Gives the exit code: 1 when a bound does not hold.
+/// Runs the registered benchmarks, prints what they measured to standard error and the bounds with their
+/// verdicts, a line each, to standard output, and writes the latter as JSON to the file that
+/// `--bounds-json=FILE` names. Gives the exit code: 1 when a bound does not hold.
 int runAgainstBounds(int argc, char** argv, const std::vector<Bound>& bounds);
 
 }  // namespace benchmarks
