@@ -2,7 +2,6 @@
 #include "phone/foundation/foundation.h"
 
 #include <gtest/gtest.h>
-#include <malloc.h>
 #include <stdexcept>
 
 #include "phone/foundation/log_sink.h"
@@ -13,6 +12,7 @@
 #include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/foundation/ns_url.h"
 #include "tests/foundation/phone_files.h"
+#include "tests/support/heap.h"
 
 namespace phone {
 namespace {
@@ -75,9 +75,9 @@ TEST_F(Memory, ThousandRoundsLeaveItWhereItWas) {
     NSLog("%@ a line"_ns, "TVM:"_ns);
   };
   for (int i = 0; i < 10; ++i) round();
-  const std::size_t before = mallinfo2().uordblks;
+  const std::size_t before = heapInUse();
   for (int i = 0; i < 1000; ++i) round();
-  const std::size_t after = mallinfo2().uordblks;
+  const std::size_t after = heapInUse();
   // No object is smaller than 16 bytes; Foundation's own pools and caches may still grow a little.
   EXPECT_LT(after, before + 16'000);
 }
