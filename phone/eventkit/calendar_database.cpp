@@ -27,6 +27,8 @@ CalendarRecord readCalendar(Statement& row) {
 
 CalendarDatabase::CalendarDatabase(const std::filesystem::path& file, OpenMode mode)
     : connection_(withFolder(file, mode), mode) {
+  // Enough for a large import to stay in memory until it is written at once.
+  connection_.execute("PRAGMA cache_size = -32768");
   if (mode == OpenMode::kCreate) {
     createTables(connection_);
   } else if (!hasTables(connection_)) {
@@ -38,6 +40,12 @@ Statement& CalendarDatabase::prepared(const char* sql) {
   const auto known = statements_.find(sql);
   if (known != statements_.end()) return known->second;
   return statements_.emplace(sql, Statement(connection_.handle(), sql)).first->second;
+}
+
+Transaction CalendarDatabase::beginChange() {
+  zones_.clear();
+  zoneRows_.clear();
+  return Transaction(connection_);
 }
 
 std::vector<CalendarRecord> CalendarDatabase::calendars() {
@@ -92,12 +100,18 @@ const EventZone* CalendarDatabase::zone(std::int64_t id) {
 
 std::int64_t CalendarDatabase::rowOf(const std::optional<EventZone>& zone) {
   if (!zone) return 0;
+  const auto [known, isNew] = zoneRows_.try_emplace({zone->name(), zone->definition()});
+  if (isNew) known->second = findOrAddZone(*zone);
+  return known->second;
+}
+
+std::int64_t CalendarDatabase::findOrAddZone(const EventZone& zone) {
   Statement& query = prepared("SELECT id FROM zone WHERE name = ?1 AND definition = ?2");
   const StatementScope scope(query);
-  if (query.bind(1, zone->name()).bind(2, zone->definition()).step()) return query.integer(0);
+  if (query.bind(1, zone.name()).bind(2, zone.definition()).step()) return query.integer(0);
   prepared("INSERT INTO zone (name, definition) VALUES (?1, ?2)")
-      .bind(1, zone->name())
-      .bind(2, zone->definition())
+      .bind(1, zone.name())
+      .bind(2, zone.definition())
       .run();
   return connection_.lastInsertedRow();
 }

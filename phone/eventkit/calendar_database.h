@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -30,6 +31,9 @@ class CalendarDatabase {
   CalendarDatabase(const std::filesystem::path& file, OpenMode mode);
 
   Connection& connection() { return connection_; }
+  /// Begins a change of the database. What is remembered of its rows is forgotten, for a change that failed
+  /// before may have taken them back.
+  Transaction beginChange();
   /// The statement for that SQL, prepared at the first use. The text must be a literal.
   Statement& prepared(const char* sql);
 
@@ -46,9 +50,12 @@ class CalendarDatabase {
   std::int64_t rowOf(const std::optional<EventZone>& zone);
 
  private:
+  std::int64_t findOrAddZone(const EventZone& zone);
+
   Connection connection_;
   std::unordered_map<const char*, Statement> statements_;
   std::unordered_map<std::int64_t, EventZone> zones_;
+  std::map<std::pair<std::string, std::string>, std::int64_t> zoneRows_;
 };
 
 }  // namespace phone

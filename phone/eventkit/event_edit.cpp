@@ -99,7 +99,7 @@ std::int64_t changeTail(const EditContext& context, std::int64_t row, const Even
 }  // namespace
 
 EventOccurrence addEvent(const EditContext& context, const EventDraft& draft) {
-  Transaction transaction(context.database.connection());
+  Transaction transaction = context.database.beginChange();
   EventRecord event;
   applyDraft(context, draft, event);
   event.uid = randomIdentifier();
@@ -112,7 +112,7 @@ EventOccurrence addEvent(const EditContext& context, const EventDraft& draft) {
 
 EventOccurrence changeEvent(const EditContext& context, const EventOccurrence& occurrence,
                             const EventDraft& draft, EditSpan span) {
-  Transaction transaction(context.database.connection());
+  Transaction transaction = context.database.beginChange();
   const EventRecord before = readEvent(context.database, occurrence.event);
   std::int64_t row = 0;
   if (!before.repeats() || (span == EditSpan::kFutureOccurrences && isFirst(before, occurrence))) {
@@ -128,7 +128,7 @@ EventOccurrence changeEvent(const EditContext& context, const EventOccurrence& o
 }
 
 void deleteEvent(const EditContext& context, const EventOccurrence& occurrence, EditSpan span) {
-  Transaction transaction(context.database.connection());
+  Transaction transaction = context.database.beginChange();
   EventRecord event = readEvent(context.database, occurrence.event);
   if (event.replaces) {
     // The repetition that it stood in for must not come back.

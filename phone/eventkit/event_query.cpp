@@ -112,7 +112,7 @@ std::optional<EventOccurrence> findByIdentifier(CalendarDatabase& database, cons
   // The identifier does not say how the replaced repetition was named, only its seconds.
   Statement& query = database.prepared(
       "SELECT id FROM event WHERE calendar = ?1 AND uid = ?2 AND (replaces_kind > 0) = ?3 AND "
-      "replaces_value = ?4");
+      "replaces_value = ?4 AND cancelled = 0");
   std::int64_t row = 0;
   {
     const StatementScope scope(query);

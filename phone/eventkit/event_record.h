@@ -28,7 +28,7 @@ struct AddedDate {
   Seconds start;
   Seconds end;
 
-  bool operator==(const AddedDate&) const = default;
+  auto operator<=>(const AddedDate&) const = default;
 };
 
 /// Times are instants, except for events without a zone (all-day ones among them): theirs are wall times,
@@ -52,9 +52,12 @@ struct EventRecord {
   std::vector<RepetitionName> excluded = {};
   std::vector<AddedDate> added = {};
 
+  /// Called off. The row stays, so that a series still knows which of its repetitions do not take place, but
+  /// it has no occurrences.
+  bool isCancelled = false;
   /// Whether the event came from a file; the others were made on the phone.
   bool isImported = false;
-  /// Which of two versions of an event is the newer one: first by revision, then by time of change.
+  /// How often and when the event was changed, as far as known; tells which of two versions is the newer one.
   std::int64_t revision = 0;
   Seconds modified = 0;
 

@@ -17,7 +17,7 @@ std::int64_t bucketFor(const EventRecord& event, Seconds start, Seconds end) {
 
 void insertOccurrence(CalendarDatabase& database, std::int64_t row, const EventRecord& event, Seconds start,
                       Seconds end) {
-  database.prepared("INSERT OR REPLACE INTO occurrence (bucket, start, event, end) VALUES (?1, ?2, ?3, ?4)")
+  database.prepared("INSERT OR IGNORE INTO occurrence (bucket, start, event, end) VALUES (?1, ?2, ?3, ?4)")
       .bind(1, bucketFor(event, start, end))
       .bind(2, start)
       .bind(3, row)
@@ -43,6 +43,7 @@ Seconds lastEnd(const EventRecord& event, const RecurrenceRule& rule) {
 
 void insertRepetitions(CalendarDatabase& database, std::int64_t row, const EventRecord& event,
                        std::int64_t zoneRow) {
+  if (event.isCancelled) return;
   insertOccurrence(database, row, event, event.start, event.end);
   for (const std::string& rule : event.rules) {
     Statement& insert = database.prepared(
@@ -85,8 +86,8 @@ void bindEvent(Statement& statement, const EventRecord& event, std::int64_t zone
     statement.bindNull(6);
   }
   statement.bind(7, event.isAllDay ? 1 : 0).bind(8, zoneRow).bind(9, event.start).bind(10, event.end);
-  statement.bind(11, event.repeats() ? 1 : 0).bind(12, event.isImported ? 1 : 0);
-  statement.bind(13, event.revision).bind(14, event.modified);
+  statement.bind(11, event.repeats() ? 1 : 0).bind(12, event.isCancelled ? 1 : 0);
+  statement.bind(13, event.isImported ? 1 : 0).bind(14, event.revision).bind(15, event.modified);
 }
 
 void readDates(CalendarDatabase& database, std::int64_t row, EventRecord& event) {
@@ -112,16 +113,17 @@ bool sameContent(const EventRecord& left, const EventRecord& right) {
     return event.zone ? event.zone->name() + "\n" + event.zone->definition() : std::string();
   };
   return left.title == right.title && left.location == right.location && left.isAllDay == right.isAllDay &&
-         left.start == right.start && left.end == right.end && zoneText(left) == zoneText(right) &&
-         left.rules == right.rules && left.excluded == right.excluded && left.added == right.added;
+         left.isCancelled == right.isCancelled && left.start == right.start && left.end == right.end &&
+         zoneText(left) == zoneText(right) && left.rules == right.rules && left.excluded == right.excluded &&
+         left.added == right.added;
 }
 
 std::optional<std::int64_t> insertEvent(CalendarDatabase& database, const EventRecord& event,
                                         std::int64_t zoneRow) {
   Statement& insert = database.prepared(
       "INSERT OR IGNORE INTO event (calendar, uid, replaces_kind, replaces_value, title, location, all_day, "
-      "zone, start, end, repeats, imported, revision, modified) "
-      "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14)");
+      "zone, start, end, repeats, cancelled, imported, revision, modified) "
+      "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15)");
   bindEvent(insert, event, zoneRow);
   insert.run();
   if (database.connection().changedRows() == 0) return std::nullopt;
@@ -139,10 +141,10 @@ void replaceEvent(CalendarDatabase& database, std::int64_t row, const EventRecor
   const std::int64_t zoneRow = database.rowOf(event.zone);
   Statement& update = database.prepared(
       "UPDATE event SET calendar = ?1, uid = ?2, replaces_kind = ?3, replaces_value = ?4, title = ?5, "
-      "location = ?6, all_day = ?7, zone = ?8, start = ?9, end = ?10, repeats = ?11, imported = ?12, "
-      "revision = ?13, modified = ?14 WHERE id = ?15");
+      "location = ?6, all_day = ?7, zone = ?8, start = ?9, end = ?10, repeats = ?11, cancelled = ?12, "
+      "imported = ?13, revision = ?14, modified = ?15 WHERE id = ?16");
   bindEvent(update, event, zoneRow);
-  update.bind(15, row).run();
+  update.bind(16, row).run();
   insertRepetitions(database, row, event, zoneRow);
 }
 
@@ -176,7 +178,7 @@ std::vector<std::int64_t> replacingEvents(CalendarDatabase& database, std::int64
 EventRecord readEvent(CalendarDatabase& database, std::int64_t row) {
   Statement& query = database.prepared(
       "SELECT calendar, uid, replaces_kind, replaces_value, title, location, all_day, zone, start, end, "
-      "repeats, imported, revision, modified FROM event WHERE id = ?1");
+      "repeats, cancelled, imported, revision, modified FROM event WHERE id = ?1");
   const StatementScope scope(query);
   if (!query.bind(1, row).step()) throw DatabaseError("the event is not in the calendar database any more");
   EventRecord event;
@@ -191,9 +193,10 @@ EventRecord readEvent(CalendarDatabase& database, std::int64_t row) {
   if (const EventZone* const zone = database.zone(query.integer(7))) event.zone = *zone;
   event.start = query.integer(8);
   event.end = query.integer(9);
-  event.isImported = query.integer(11) != 0;
-  event.revision = query.integer(12);
-  event.modified = query.integer(13);
+  event.isCancelled = query.integer(11) != 0;
+  event.isImported = query.integer(12) != 0;
+  event.revision = query.integer(13);
+  event.modified = query.integer(14);
   if (query.integer(10) != 0) readDates(database, row, event);
   return event;
 }

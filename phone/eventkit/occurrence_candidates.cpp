@@ -66,8 +66,10 @@ class CandidateSearch {
 
   void collectSeries(std::int64_t event, Seconds start, Seconds duration, const EventZone* zone,
                      const std::string& rule) {
-    const TimeRange wall = zone == nullptr ? TimeRange{phoneRange_.start - duration, phoneRange_.end}
-                                           : wallRange(*zone, {range_.start - duration, range_.end});
+    // What ends just as the range starts must not count towards the limit.
+    const Seconds ahead = std::max<Seconds>(duration - 1, 0);
+    const TimeRange wall = zone == nullptr ? TimeRange{phoneRange_.start - ahead, phoneRange_.end}
+                                           : wallRange(*zone, {range_.start - ahead, range_.end});
     starts_.clear();
     RecurrenceRule::fromStored(rule, zone == nullptr ? start : zone->toWall(start))
         .appendStarts(wall.start, wall.end, starts_);

@@ -42,6 +42,7 @@ CREATE TABLE event (
   start INTEGER NOT NULL,
   end INTEGER NOT NULL,
   repeats INTEGER NOT NULL,
+  cancelled INTEGER NOT NULL,
   imported INTEGER NOT NULL,
   revision INTEGER NOT NULL,
   modified INTEGER NOT NULL,

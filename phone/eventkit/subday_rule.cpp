@@ -11,6 +11,9 @@ namespace {
 constexpr Seconds kMinute = 60;
 constexpr Seconds kHour = 3600;
 
+/// A rule that hardly ever fits is given up after so many steps: a few hundredths of a second.
+constexpr std::int64_t kMostSteps = 2'000'000;
+
 template <std::size_t Size>
 bool allows(const short (&list)[Size], Seconds value) {
   if (list[0] == ICAL_RECURRENCE_ARRAY_MAX) return true;
@@ -50,13 +53,15 @@ class SubdayWalk {
   void append(Seconds from, Seconds to, std::size_t limit, std::vector<Seconds>& starts) const {
     from = std::max(from, start_);
     const std::int64_t lastDay = dayOf(to);
-    for (std::int64_t day = filter_.firstWithin(dayOf(from), lastDay);
-         day <= lastDay && starts.size() < limit; day = filter_.firstWithin(day + 1, lastDay)) {
-      const Seconds dayEnd = (day + 1) * kSecondsPerDay;
+    std::int64_t stepsLeft = kMostSteps;
+    std::int64_t day = filter_.firstWithin(dayOf(from), lastDay);
+    while (day <= lastDay && starts.size() < limit && stepsLeft > 0) {
+      const Seconds end = std::min((day + 1) * kSecondsPerDay - 1, to);
       for (Seconds step = firstStepFrom(std::max(day * kSecondsPerDay, from - unit_ + 1));
-           step < dayEnd && step <= to && starts.size() < limit; step += step_) {
+           step <= end && starts.size() < limit; step += step_, --stepsLeft) {
         if (fits(step)) appendWithin(step, from, to, limit, starts);
       }
+      day = filter_.firstWithin(day + 1, lastDay);
     }
   }
 

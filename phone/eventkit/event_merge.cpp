@@ -1,0 +1,28 @@
+#include "phone/eventkit/event_merge.h"
+
+#include "phone/eventkit/event_table.h"
+
+namespace phone {
+
+namespace {
+
+bool isOlder(const EventRecord& event, const EventRecord& stored) {
+  const bool bothSayWhen = event.modified != 0 && stored.modified != 0;
+  if (bothSayWhen && event.modified != stored.modified) return event.modified < stored.modified;
+  return event.revision < stored.revision;
+}
+
+}  // namespace
+
+MergedEvent mergeEvent(CalendarDatabase& database, const EventRecord& event) {
+  if (const auto added = insertEvent(database, event)) return {MergeOutcome::kAdded, *added};
+  const auto row = findEvent(database, event.calendar, event.uid, event.replaces);
+  if (!row) throw DatabaseError("the calendar database takes no event of the uid " + event.uid);
+  const EventRecord stored = readEvent(database, *row);
+  if (sameContent(event, stored)) return {MergeOutcome::kUnchanged, *row};
+  if (isOlder(event, stored)) return {MergeOutcome::kOlder, *row};
+  replaceEvent(database, *row, event);
+  return {MergeOutcome::kUpdated, *row};
+}
+
+}  // namespace phone

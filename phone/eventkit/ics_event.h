@@ -1,0 +1,24 @@
+// Reads one VEVENT into the form of the database.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "phone/eventkit/event_record.h"
+#include "phone/eventkit/ics_zones.h"
+
+namespace phone {
+
+struct IcsEvent {
+  EventRecord record;
+  /// The name of a zone that neither the system nor the file knows so far; empty if there is none. The times
+  /// that use it are read as wall times.
+  std::string unknownZone;
+};
+
+/// Throws IcsError when the event has no start, or when a time, a duration or a rule cannot be read: an event
+/// at a wrong time is worse than none. Everything else that is odd is passed over.
+IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones);
+
+}  // namespace phone

@@ -1,0 +1,61 @@
+#include "phone/eventkit/ics_reader.h"
+
+#include <utility>
+
+namespace phone {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 256 * 1024;
+/// Longer lines are no calendar's, and one without an end must not fill the memory.
+constexpr std::size_t kLongestLine = 64 * 1024 * 1024;
+
+std::string describe(const std::filesystem::path& file, std::size_t line, const std::string& reason) {
+  return file.string() + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + reason;
+}
+
+}  // namespace
+
+IcsError::IcsError(const std::filesystem::path& file, std::size_t line, const std::string& reason)
+    : std::runtime_error(describe(file, line, reason)) {}
+
+IcsReader::IcsReader(std::filesystem::path file) : file_(std::move(file)), buffer_(kBufferSize) {
+  // A device or a pipe could keep the reader waiting for ever.
+  if (!std::filesystem::is_regular_file(file_)) throw IcsError(file_, 0, "there is no such file");
+  stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+  stream_.open(file_, std::ios::binary);
+  if (!stream_) throw IcsError(file_, 0, "the file cannot be opened");
+}
+
+bool IcsReader::readPhysicalLine() {
+  if (!std::getline(stream_, physical_)) {
+    if (stream_.bad()) throw IcsError(file_, physicalNumber_, "the file cannot be read any further");
+    return false;
+  }
+  ++physicalNumber_;
+  bytesRead_ += physical_.size() + 1;
+  if (physicalNumber_ == 1 && physical_.starts_with("\xef\xbb\xbf")) physical_.erase(0, 3);
+  while (physical_.ends_with('\r')) physical_.pop_back();
+  if (physical_.find('\0') != std::string::npos) {
+    throw IcsError(file_, physicalNumber_,
+                   "there is a zero byte here, so this is no calendar file in UTF-8; save it as UTF-8 text");
+  }
+  if (physical_.size() > kLongestLine) throw IcsError(file_, physicalNumber_, "the line is too long");
+  return true;
+}
+
+bool IcsReader::next() {
+  do {
+    if (!ahead_ && !readPhysicalLine()) return false;
+    std::swap(line_, physical_);
+    number_ = physicalNumber_;
+    while ((ahead_ = readPhysicalLine()) && !physical_.empty() &&
+           (physical_.front() == ' ' || physical_.front() == '\t')) {
+      line_.append(physical_, 1);
+      if (line_.size() > kLongestLine) throw IcsError(file_, number_, "the line is too long");
+    }
+  } while (line_.find_first_not_of(" \t") == std::string::npos);
+  return true;
+}
+
+}  // namespace phone

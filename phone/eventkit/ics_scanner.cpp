@@ -1,0 +1,175 @@
+#include "phone/eventkit/ics_scanner.h"
+
+#include <algorithm>
+
+#include "phone/eventkit/ics_text.h"
+#include "phone/eventkit/utf8.h"
+
+namespace phone {
+
+namespace {
+
+/// What libical is to read of an event. It is a small part of a file: descriptions, attendees, attachments
+/// and alarms would be parsed for nothing.
+constexpr std::string_view kEventTiming[] = {"DTEND", "DTSTART", "DURATION",     "EXDATE",
+                                             "RDATE", "RRULE",   "RECURRENCE-ID"};
+
+/// Plain texts, numbers and stamps, which need no parser.
+constexpr std::string_view kEventTexts[] = {"DTSTAMP", "LAST-MODIFIED", "LOCATION", "SEQUENCE",
+                                            "STATUS",  "SUMMARY",       "UID"};
+
+constexpr std::string_view kZoneProperties[] = {"DTSTART", "RDATE",        "RRULE",      "TZID",
+                                                "TZNAME",  "TZOFFSETFROM", "TZOFFSETTO", "X-LIC-LOCATION"};
+
+/// A zone of more than this is no zone, but an attempt to keep the phone busy.
+constexpr std::size_t kLargestZone = 64 * 1024;
+
+std::string upperCase(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; });
+  return upper;
+}
+
+std::string trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
+}
+
+/// Where the value begins, behind the first colon that stands in no quotes; npos if there is none. A quote
+/// that is never closed does not count as one.
+std::size_t valueStart(std::string_view line, std::size_t nameEnd) {
+  std::size_t position = nameEnd;
+  while (position < line.size() && line[position] != ':') {
+    if (line[position] == '"') {
+      const std::size_t closing = line.find('"', position + 1);
+      if (closing != std::string_view::npos) position = closing;
+    }
+    ++position;
+  }
+  return position < line.size() ? position + 1 : std::string_view::npos;
+}
+
+/// A rule inside a zone is worked out for centuries; one for every second would never come to its end.
+bool isHarmlessZoneRule(const std::string& line) {
+  return upperCase(line).find("FREQ=YEARLY") != std::string::npos;
+}
+
+/// The list's own copy of the name, or none.
+template <std::size_t Size>
+std::optional<std::string_view> findName(const std::string_view (&list)[Size], std::string_view name) {
+  const auto* const found = std::find(std::begin(list), std::end(list), name);
+  if (found == std::end(list)) return std::nullopt;
+  return *found;
+}
+
+}  // namespace
+
+std::size_t IcsComponent::lineOf(std::string_view property) const {
+  const auto found = std::find_if(lines.begin(), lines.end(),
+                                  [property](const auto& entry) { return entry.first == property; });
+  return found == lines.end() ? line : found->second;
+}
+
+const std::string* IcsComponent::textOf(std::string_view property) const {
+  const auto found = std::find_if(texts.begin(), texts.end(),
+                                  [property](const auto& entry) { return entry.first == property; });
+  return found == texts.end() ? nullptr : &found->second;
+}
+
+void IcsScanner::fail(const std::string& reason) const {
+  throw IcsError(reader_.file(), reader_.number(), reason);
+}
+
+std::optional<IcsComponent> IcsScanner::next() {
+  while (reader_.next()) {
+    const std::string& line = reader_.line();
+    const std::size_t nameEnd = std::min(line.find_first_of(":;"), line.size());
+    const std::string name = upperCase(std::string_view(line).substr(0, nameEnd));
+    const std::size_t value = valueStart(line, nameEnd);
+    if (name == "BEGIN" && value != std::string::npos) {
+      begin(upperCase(trimmed(std::string_view(line).substr(value))));
+    } else if (!sawCalendar_) {
+      fail("this is no calendar file: it does not begin with BEGIN:VCALENDAR");
+    } else if (open_.empty()) {
+      fail("there is text after the end of the calendar");
+    } else if (value == std::string::npos || name.empty() || name.find(' ') != std::string::npos) {
+      fail("the line is no property of the form NAME:VALUE");
+    } else if (name == "END") {
+      if (end(upperCase(trimmed(std::string_view(line).substr(value))))) return std::move(current_);
+    } else {
+      takeProperty(name, value);
+    }
+  }
+  if (!sawCalendar_) throw IcsError(reader_.file(), 0, "the file is empty");
+  if (!open_.empty()) {
+    fail("the file ends before the END of " + open_.back().name + ", which begins in line " +
+         std::to_string(open_.back().line));
+  }
+  return std::nullopt;
+}
+
+void IcsScanner::begin(std::string name) {
+  if (open_.empty()) {
+    if (name != "VCALENDAR") fail("this is no calendar file: it does not begin with BEGIN:VCALENDAR");
+    sawCalendar_ = true;
+  } else if (open_.size() == 1 && (name == "VEVENT" || name == "VTIMEZONE")) {
+    current_ = {.kind = name == "VEVENT" ? IcsComponent::Kind::kEvent : IcsComponent::Kind::kZone,
+                .text = "BEGIN:" + name + "\r\n",
+                .line = reader_.number()};
+    keeping_ = true;
+  } else if (keeping_ && current_.kind == IcsComponent::Kind::kZone && open_.size() == 2) {
+    current_.text += "BEGIN:" + name + "\r\n";
+  }
+  open_.push_back({std::move(name), reader_.number()});
+}
+
+/// True when the component that is being kept is complete.
+bool IcsScanner::end(const std::string& name) {
+  if (name != open_.back().name) {
+    fail("END:" + name + " comes before the END of " + open_.back().name + ", which begins in line " +
+         std::to_string(open_.back().line));
+  }
+  open_.pop_back();
+  if (!keeping_) return false;
+  const bool isZone = current_.kind == IcsComponent::Kind::kZone;
+  if (open_.size() == 1 || (isZone && open_.size() == 2)) current_.text += "END:" + name + "\r\n";
+  if (open_.size() > 1) return false;
+  keeping_ = false;
+  return true;
+}
+
+void IcsScanner::takeProperty(std::string_view name, std::size_t valueStart) {
+  const std::string& line = reader_.line();
+  const std::string_view value = std::string_view(line).substr(valueStart);
+  if (value.empty()) return;  // As good as no property.
+  if (open_.size() == 1) takeCalendarProperty(name, value);
+  if (!keeping_) return;
+  if (current_.kind == IcsComponent::Kind::kEvent) {
+    // What lies deeper belongs to an alarm.
+    if (open_.size() != 2 || takeEventText(name, value)) return;
+    const auto known = findName(kEventTiming, name);
+    if (!known) return;
+    current_.lines.emplace_back(*known, reader_.number());
+  } else if (open_.size() > 3 || current_.text.size() + line.size() > kLargestZone ||
+             !findName(kZoneProperties, name) || (name == "RRULE" && !isHarmlessZoneRule(line))) {
+    return;
+  }
+  current_.text += toUtf8(line);
+  current_.text += "\r\n";
+}
+
+void IcsScanner::takeCalendarProperty(std::string_view name, std::string_view value) {
+  if (name == "X-WR-CALNAME" || (name == "NAME" && name_.empty()))
+    name_ = toUtf8(unescapedText(trimmed(value)));
+  if (name == "X-APPLE-CALENDAR-COLOR" || (name == "COLOR" && color_.empty())) color_ = value;
+}
+
+bool IcsScanner::takeEventText(std::string_view name, std::string_view value) {
+  const auto known = findName(kEventTexts, name);
+  if (known) current_.texts.emplace_back(*known, toUtf8(value));
+  return known.has_value();
+}
+
+}  // namespace phone

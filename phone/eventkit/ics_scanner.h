@@ -1,0 +1,71 @@
+// Takes a calendar file apart into its events and time zones, one at a time, without building the whole
+// calendar in memory. Of each it keeps the lines that the store has a use for.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "phone/eventkit/ics_reader.h"
+
+namespace phone {
+
+struct IcsComponent {
+  enum class Kind { kEvent, kZone };
+
+  Kind kind = Kind::kEvent;
+  /// From BEGIN to END, in UTF-8, lines unfolded: a zone as a whole, of an event what says when it takes
+  /// place.
+  std::string text = {};
+  /// The other properties of an event that have a use, as written, in UTF-8.
+  std::vector<std::pair<std::string_view, std::string>> texts = {};
+  /// Number of the line with BEGIN.
+  std::size_t line = 0;
+  /// Where the properties in `text` stand, of an event.
+  std::vector<std::pair<std::string_view, std::size_t>> lines = {};
+
+  /// The line of the first property of that name; that of BEGIN if there is none.
+  std::size_t lineOf(std::string_view property) const;
+  /// The value of the first property of that name among `texts`; none if there is none.
+  const std::string* textOf(std::string_view property) const;
+};
+
+class IcsScanner {
+ public:
+  explicit IcsScanner(const std::filesystem::path& file) : reader_(file) {}
+
+  /// Goes to the next event or time zone; none at the end. Throws IcsError when the file is no calendar, or
+  /// is broken.
+  std::optional<IcsComponent> next();
+
+  /// What the calendar says of itself before its first event or zone; empty if nothing. Known after next().
+  const std::string& calendarName() const { return name_; }
+  const std::string& calendarColor() const { return color_; }
+
+  const std::filesystem::path& file() const { return reader_.file(); }
+  std::uint64_t bytesRead() const { return reader_.bytesRead(); }
+
+ private:
+  struct OpenComponent {
+    std::string name;
+    std::size_t line;
+  };
+
+  void begin(std::string name);
+  bool end(const std::string& name);
+  void takeProperty(std::string_view name, std::size_t valueStart);
+  void takeCalendarProperty(std::string_view name, std::string_view value);
+  bool takeEventText(std::string_view name, std::string_view value);
+  [[noreturn]] void fail(const std::string& reason) const;
+
+  IcsReader reader_;
+  std::vector<OpenComponent> open_;
+  IcsComponent current_;
+  bool keeping_ = false;
+  bool sawCalendar_ = false;
+  std::string name_;
+  std::string color_;
+};
+
+}  // namespace phone

@@ -1,0 +1,40 @@
+#include "phone/eventkit/ics_zones.h"
+
+#include "phone/eventkit/ical_owned.h"
+
+namespace phone {
+
+void IcsZones::define(const IcsComponent& component) {
+  const OwnedComponent zone(icalparser_parse_string(component.text.c_str()));
+  if (zone == nullptr) return;
+  std::string name;
+  Definition definition{{}, component.text};
+  for (icalproperty* property = icalcomponent_get_first_property(zone.get(), ICAL_ANY_PROPERTY);
+       property != nullptr; property = icalcomponent_get_next_property(zone.get(), ICAL_ANY_PROPERTY)) {
+    if (icalproperty_isa(property) == ICAL_TZID_PROPERTY) name = icalproperty_get_tzid(property);
+    const char* const custom = icalproperty_get_x_name(property);
+    if (custom != nullptr && std::string_view(custom) == "X-LIC-LOCATION") {
+      definition.location = icalproperty_get_x(property);
+    }
+  }
+  if (name.empty()) return;
+  // Events before the definition may have asked for the name in vain.
+  resolved_.erase(name);
+  definitions_.insert_or_assign(name, std::move(definition));
+}
+
+std::optional<EventZone> IcsZones::resolve(const std::string& name) const {
+  if (auto known = EventZone::named(name)) return known;
+  const auto defined = definitions_.find(name);
+  if (defined == definitions_.end()) return std::nullopt;
+  if (auto known = EventZone::named(defined->second.location)) return known;
+  return EventZone::defined(name, defined->second.text);
+}
+
+const EventZone* IcsZones::find(const std::string& name) {
+  auto known = resolved_.find(name);
+  if (known == resolved_.end()) known = resolved_.emplace(name, resolve(name)).first;
+  return known->second ? &*known->second : nullptr;
+}
+
+}  // namespace phone

@@ -1,0 +1,35 @@
+// The time zones of one calendar file: what its events mean by the names that they use.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "phone/eventkit/event_zone.h"
+#include "phone/eventkit/ics_scanner.h"
+
+namespace phone {
+
+/// A name that the system knows means the system's zone, whatever the file says of it: many files define
+/// their zones for the years of their events only. Other names mean what the file defines.
+class IcsZones {
+ public:
+  /// Takes a VTIMEZONE of the file.
+  void define(const IcsComponent& component);
+
+  /// The zone of that name, or none. Borrowed.
+  const EventZone* find(const std::string& name);
+
+ private:
+  struct Definition {
+    std::string location;
+    std::string text;
+  };
+
+  std::optional<EventZone> resolve(const std::string& name) const;
+
+  std::map<std::string, Definition> definitions_;
+  std::map<std::string, std::optional<EventZone>> resolved_;
+};
+
+}  // namespace phone

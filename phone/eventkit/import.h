@@ -1,0 +1,63 @@
+// Importing calendars: .ics files, and folders of .ics files as synchronising programs keep them.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "phone/eventkit/calendar_database.h"
+#include "phone/eventkit/ics_reader.h"
+
+namespace phone {
+
+struct ImportProgress {
+  const std::filesystem::path& file;
+  std::uint64_t bytesDone;
+  std::uint64_t bytesTotal;
+  std::size_t events;
+};
+
+struct ImportOptions {
+  /// Removes the events of the imported calendars that came from a file once and are in none now. Without it
+  /// they stay, since a file may hold a part of a calendar only. Events made on the phone stay in any case.
+  bool removeMissing = false;
+  /// Called now and then, and once at the end; may be empty.
+  std::function<void(const ImportProgress&)> progress = {};
+};
+
+/// How many events of a calendar went which way.
+struct ImportedCalendar {
+  CalendarRecord calendar;
+  std::size_t added = 0;
+  std::size_t updated = 0;
+  std::size_t unchanged = 0;
+  /// Left as they are, because the database has a newer version.
+  std::size_t older = 0;
+  /// Called off; they are among the counts above, but never show.
+  std::size_t cancelled = 0;
+  std::size_t removed = 0;
+};
+
+struct ImportResult {
+  std::vector<ImportedCalendar> calendars;
+  /// What was read otherwise than the file may have meant it, as "file:line: reason".
+  std::vector<std::string> warnings;
+};
+
+/// Imports each path in one transaction: all of them, or nothing.
+///
+/// A file's calendar has the name that the file gives it, else the file's own. A folder of .ics files is one
+/// calendar, with its name and colour in files named `displayname` and `color` beside them; without
+/// `displayname`, files that name a calendar go to that one, and the others to one of the folder's name. A
+/// folder without .ics files stands for the folders in it.
+///
+/// A calendar of the same name is the same calendar: events that it has already, by uid and replaced
+/// repetition, are updated, and the others stay.
+///
+/// Throws IcsError for a file that cannot be read and DatabaseError; nothing is changed then.
+ImportResult importCalendars(CalendarDatabase& database, const std::vector<std::filesystem::path>& paths,
+                             const ImportOptions& options = {});
+
+}  // namespace phone
