@@ -235,10 +235,10 @@ bool HomeScreen::isListed(BBBulletin* bulletin) {
 }
 
 void HomeScreen::clear(SBAwayListItem* item) {
-  BBBulletin* const bulletin = bulletinOf(item);
-  if (bulletin == nullptr) return;
-  controller_->removeBulletin(observerOf(controller_.get()), bulletin);
-  std::erase_if(ownRecords_, [bulletin](const auto& record) { return record.get() == bulletin; });
+  const auto bulletin = objc::Owned<BBBulletin>::retain(bulletinOf(item));
+  if (!bulletin) return;
+  controller_->removeBulletin(observerOf(controller_.get()), bulletin.get());
+  std::erase_if(ownRecords_, [&bulletin](const auto& record) { return record.get() == bulletin.get(); });
 }
 
 }  // namespace phone

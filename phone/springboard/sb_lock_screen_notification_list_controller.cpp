@@ -77,6 +77,8 @@ SBAwayListItem* itemOf(Controller* self, BBBulletin* bulletin) {
 }
 
 void takeOut(Controller* self, SBAwayListItem* item) {
+  // The list may be all that holds it.
+  const auto kept = objc::Owned<SBAwayListItem>::retain(item);
   listItems(self)->removeObjectIdenticalTo(item);
   if (BBBulletin* const bulletin = bulletinOf(item);
       bulletin != nullptr && bulletin->bulletinID() != nullptr) {

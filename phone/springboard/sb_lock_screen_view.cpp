@@ -89,7 +89,7 @@ const Surface& background(LockView* self) {
   if (requesters.empty()) return wallpaper;
   if (underlay == nullptr && wallpaper != nullptr) {
     constexpr double kBlurPoints = 18;
-    constexpr double kDarkness = 0.34;
+    constexpr double kDarkness = 0.28;
     underlay = blurredCopy(wallpaper, static_cast<int>(kBlurPoints * scale));
     if (underlay != nullptr) darken(underlay, kDarkness);
   }

@@ -25,20 +25,22 @@ void fillWith(cairo_t* canvas, cairo_pattern_t* pattern, const Stop (&stops)[Cou
   cairo_pattern_destroy(pattern);
 }
 
-// The canvas below is one unit wide and as tall as the screen's proportions make it.
+// The canvas below is one unit wide and as tall as the screen's proportions make it. Where the list lies, the
+// picture is dark enough for grey texts on it.
 
 void drawSky(cairo_t* canvas, double height) {
   cairo_rectangle(canvas, 0, 0, 1, height);
-  fillWith(canvas, cairo_pattern_create_linear(0, 0, 0.25, height),
-           {{0, 0.07, 0.10, 0.30},
-            {0.36, 0.25, 0.22, 0.50},
-            {0.58, 0.72, 0.38, 0.50},
-            {0.74, 0.96, 0.62, 0.45},
-            {1, 0.99, 0.80, 0.55}});
+  fillWith(canvas, cairo_pattern_create_linear(0, 0, 0.2, height),
+           {{0, 0.020, 0.035, 0.110},
+            {0.30, 0.050, 0.075, 0.215},
+            {0.55, 0.105, 0.110, 0.300},
+            {0.72, 0.240, 0.160, 0.360},
+            {0.83, 0.560, 0.290, 0.390},
+            {1, 0.900, 0.520, 0.380}});
   cairo_rectangle(canvas, 0, 0, 1, height);
-  const double sunY = height * 0.66;
-  fillWith(canvas, cairo_pattern_create_radial(0.68, sunY, 0.02, 0.68, sunY, 0.62),
-           {{0, 1, 0.93, 0.72, 0.95}, {0.1, 1, 0.86, 0.60, 0.55}, {1, 1, 0.70, 0.45, 0}});
+  const double glowY = height * 0.83;
+  fillWith(canvas, cairo_pattern_create_radial(0.66, glowY, 0.02, 0.66, glowY, 0.55),
+           {{0, 1, 0.72, 0.45, 0.75}, {0.35, 0.95, 0.48, 0.40, 0.28}, {1, 0.8, 0.35, 0.40, 0}});
 }
 
 /// A range of hills from edge to edge: three waves laid over one another.
@@ -55,15 +57,15 @@ void addHills(cairo_t* canvas, double height, double level, double roughness, do
 }
 
 void drawHills(cairo_t* canvas, double height) {
-  addHills(canvas, height, 0.71, 0.050, 0.6);
-  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.64, 0, height),
-           {{0, 0.56, 0.33, 0.50}, {1, 0.80, 0.50, 0.50}});
-  addHills(canvas, height, 0.79, 0.042, 2.6);
-  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.72, 0, height),
-           {{0, 0.34, 0.22, 0.43}, {1, 0.55, 0.33, 0.45}});
-  addHills(canvas, height, 0.88, 0.034, 4.4);
+  addHills(canvas, height, 0.815, 0.042, 0.6);
+  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.76, 0, height),
+           {{0, 0.235, 0.150, 0.310}, {1, 0.420, 0.240, 0.360}});
+  addHills(canvas, height, 0.875, 0.034, 2.6);
   fillWith(canvas, cairo_pattern_create_linear(0, height * 0.83, 0, height),
-           {{0, 0.16, 0.12, 0.29}, {1, 0.10, 0.07, 0.20}});
+           {{0, 0.140, 0.100, 0.230}, {1, 0.240, 0.150, 0.280}});
+  addHills(canvas, height, 0.935, 0.026, 4.4);
+  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.90, 0, height),
+           {{0, 0.060, 0.045, 0.120}, {1, 0.035, 0.025, 0.080}});
 }
 
 void drawStars(cairo_t* canvas, double height) {
@@ -73,13 +75,13 @@ void drawStars(cairo_t* canvas, double height) {
     seed = seed * 1664525U + 1013904223U;
     return static_cast<double>(seed >> 8) / static_cast<double>(1U << 24);
   };
-  constexpr int kCount = 70;
+  constexpr int kCount = 110;
   for (int i = 0; i < kCount; ++i) {
     const double x = next();
     const double depth = next();
     const double size = 0.0008 + 0.0014 * next();
-    cairo_set_source_rgba(canvas, 1, 1, 1, (1 - depth) * (0.25 + 0.6 * next()));
-    cairo_arc(canvas, x, height * 0.45 * depth, size, 0, 2 * M_PI);
+    cairo_set_source_rgba(canvas, 1, 1, 1, (1 - depth) * (1 - depth) * (0.3 + 0.7 * next()));
+    cairo_arc(canvas, x, height * 0.5 * depth, size, 0, 2 * M_PI);
     cairo_fill(canvas);
   }
 }

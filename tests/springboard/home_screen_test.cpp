@@ -4,24 +4,27 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "phone/springboard/sb_lock_screen_notification_list_controller.h"
+#include "platform/foundation/ns_string.h"
+#include "platform/springboard/sb_lock_screen_view.h"
+#include "tests/springboard/phones.h"
+
 namespace phone {
 namespace {
 
-HostOptions phoneOf(const std::string& release) {
-  return {.root = std::filesystem::temp_directory_path(),
-          .release = release,
-          .now = 415'843'200.0,
-          .timeZone = "Europe/Berlin"};
+using Names = std::vector<std::string>;
+
+INSTANTIATE_TEST_SUITE_P(HomeScreen, EveryRelease, testing::Values("7.1", "8.1", "8.4", "9.3"), releaseName);
+
+Names titlesOf(HomeScreen& homeScreen) {
+  Names titles;
+  for (const ListRow& row : homeScreen.rows()) titles.push_back(row.title);
+  return titles;
 }
 
-class EveryRelease : public testing::TestWithParam<const char*> {};
-
-INSTANTIATE_TEST_SUITE_P(HomeScreen, EveryRelease, testing::Values("7.1", "8.1", "8.4", "9.3"),
-                         [](const auto& release) {
-                           std::string name = std::string("ios") + release.param;
-                           name.erase(name.find('.'), 1);
-                           return name;
-                         });
+void postNumbered(HomeScreen& homeScreen, int count) {
+  for (int i = 0; i < count; ++i) homeScreen.postNotification({.title = std::to_string(i), .text = "text"});
+}
 
 TEST_P(EveryRelease, listsItsOwnNotificationsOnceHoweverOftenItLoads) {
   auto homeScreen = HomeScreen::boot(phoneOf(GetParam()));
@@ -35,7 +38,7 @@ TEST_P(EveryRelease, listsItsOwnNotificationsOnceHoweverOftenItLoads) {
   EXPECT_EQ(rows[0].title, "Mia");
   EXPECT_EQ(rows[0].message, "See you at eight");
   EXPECT_EQ(rows[0].itemClass, "SBAwayBulletinListItem");
-  EXPECT_EQ(rows[0].publicationDate, 415'843'200.0);
+  EXPECT_EQ(rows[0].publicationDate, kFridayNoon);
   EXPECT_EQ(rows[1].section, "com.example.bank");
   EXPECT_EQ(rows[2].itemClass, "SBAwayCardListItem");
   EXPECT_EQ(rows[2].identifier, "");
@@ -54,6 +57,119 @@ TEST_P(EveryRelease, staysDarkAtLoadAndLightsUpForANotification) {
   EXPECT_FALSE(homeScreen.screenIsOn());
   EXPECT_TRUE(homeScreen.askToWakeFor("Mia"));
   EXPECT_TRUE(homeScreen.screenIsOn());
+}
+
+TEST_P(EveryRelease, clearsWhatLetsItselfBeClearedForGood) {
+  auto homeScreen = HomeScreen::boot(phoneOf(GetParam()));
+  homeScreen.offerPass("Flight", "Gate 4");
+  postNumbered(homeScreen, 4);
+  EXPECT_FALSE(homeScreen.swipeAway(1)) << "there is no list to swipe while the phone is unlocked";
+  homeScreen.load();
+  const bool passIsStillThere = std::string(GetParam()) == "9.3";
+  EXPECT_EQ(titlesOf(homeScreen).size(), passIsStillThere ? 5U : 4U);
+  homeScreen.offerPass("Flight", "Gate 4");
+
+  const std::size_t first = passIsStillThere ? 1 : 0;
+  EXPECT_TRUE(homeScreen.swipeAway(first));
+  EXPECT_FALSE(homeScreen.swipeAway(99));
+  EXPECT_FALSE(homeScreen.swipeAway(homeScreen.rows().size() - 1)) << "a pass stays";
+  homeScreen.load();
+  const Names left = titlesOf(homeScreen);
+  EXPECT_EQ(std::count(left.begin(), left.end(), "0"), 0) << "what was cleared does not come back";
+  EXPECT_EQ(homeScreen.clearAll(), 3U);
+  EXPECT_EQ(homeScreen.clearAll(), 0U);
+}
+
+TEST_P(EveryRelease, hasAnUnderlayWhileItsListHasItems) {
+  auto homeScreen = HomeScreen::boot(phoneOf(GetParam()));
+  homeScreen.load();
+  EXPECT_EQ(homeScreen.underlays(), Names{});
+  homeScreen.postNotification({.title = "Mia", .text = "See you at eight"});
+  EXPECT_EQ(homeScreen.underlays(), Names{"NotificationList"});
+  homeScreen.showNowPlaying();
+  homeScreen.load();
+  EXPECT_EQ(homeScreen.underlays(), (Names{"OverlayContext-NowPlayingArtLockScreen", "NotificationList"}));
+  homeScreen.clearAll();
+  EXPECT_EQ(homeScreen.underlays(), Names{"OverlayContext-NowPlayingArtLockScreen"});
+  homeScreen.hideNowPlaying();
+  EXPECT_EQ(homeScreen.underlays(), Names{});
+}
+
+TEST(HomeScreen, keepsOneUnderlayPerRequester) {
+  auto homeScreen = HomeScreen::boot(phoneOf());
+  SBLockScreenView* const view = homeScreen.lockScreenView();
+  view->addLockContentUnderlay(NSString::stringWithUTF8String("b"));
+  view->addLockContentUnderlay(NSString::stringWithUTF8String("a"));
+  view->addLockContentUnderlay(NSString::stringWithUTF8String("b"));
+  view->addLockContentUnderlay(nullptr);
+  EXPECT_EQ(homeScreen.underlays(), (Names{"b", "a"}));
+  view->removeLockContentUnderlay(nullptr);
+  view->removeLockContentUnderlay(NSString::stringWithUTF8String("c"));
+  view->removeLockContentUnderlay(NSString::stringWithUTF8String("b"));
+  EXPECT_EQ(homeScreen.underlays(), Names{"a"});
+}
+
+TEST(HomeScreen, scrollsAsFarAsItsListGoes) {
+  auto homeScreen = HomeScreen::boot(phoneOf());
+  homeScreen.load();
+  homeScreen.scrollTo(3);
+  postNumbered(homeScreen, 16);
+  constexpr double kListTop = 146;
+  constexpr double kListBottom = 568 - 78;
+  const auto atRest = homeScreen.rows();
+  EXPECT_EQ(atRest[0].frame->origin.y, kListTop);
+  EXPECT_EQ(atRest[0].cell->contentAlpha, 1);
+  EXPECT_LT(atRest[1].cell->contentAlpha, 1);
+  EXPECT_LT(atRest[2].cell->contentAlpha, atRest[1].cell->contentAlpha);
+  EXPECT_FALSE(atRest[15].cell.has_value()) << "a row out of sight has no cell";
+
+  homeScreen.scrollTo(5);
+  auto scrolled = homeScreen.rows();
+  EXPECT_EQ(scrolled[5].frame->origin.y, kListTop);
+  EXPECT_EQ(scrolled[5].cell->contentAlpha, 1);
+  EXPECT_FALSE(scrolled[0].cell.has_value());
+
+  homeScreen.scrollTo(99);
+  scrolled = homeScreen.rows();
+  EXPECT_EQ(scrolled[15].frame->origin.y + scrolled[15].frame->size.height, kListBottom);
+  EXPECT_TRUE(scrolled[15].cell.has_value());
+}
+
+TEST(HomeScreen, laysItsRowsOutInsideTheScreenWhateverTheySay) {
+  auto homeScreen = HomeScreen::boot(phoneOf());
+  homeScreen.load();
+  const std::string longText(10'000, 'W');
+  for (const std::string& title :
+       {std::string("Mia"), longText, std::string(), std::string("مرحبا بالعالم"),
+        std::string("会議室の予約"), std::string("👩‍👩‍👧 e\u0301\u0301\u0301")}) {
+    homeScreen.postNotification({.title = title, .text = title});
+  }
+  for (std::size_t i = 0; i < 6; ++i) {
+    SCOPED_TRACE(i);
+    homeScreen.scrollTo(i);
+    const ListRow row = homeScreen.rows()[i];
+    ASSERT_TRUE(row.cell.has_value());
+    const auto& [dateText, icon, title, date, subtitle, message, alpha, drawsSeparator] = *row.cell;
+    EXPECT_EQ(dateText, "now");
+    EXPECT_LE(icon.origin.x + icon.size.width, title.origin.x);
+    EXPECT_LE(title.origin.x + title.size.width + 10, date.origin.x);
+    EXPECT_LE(date.origin.x + date.size.width, 310);
+    EXPECT_LE(message.origin.x + message.size.width, 310);
+    EXPECT_LE(message.origin.y + message.size.height, row.frame->size.height);
+    EXPECT_EQ(title.origin.y + title.size.height, message.origin.y);
+  }
+  EXPECT_NE(homeScreen.picture(), nullptr);
+}
+
+TEST(HomeScreen, opensWhatATappedRowSays) {
+  auto homeScreen = HomeScreen::boot(phoneOf());
+  homeScreen.postNotification({.title = "Mia", .text = "See you at eight"});
+  EXPECT_FALSE(homeScreen.tap(0).has_value());
+  homeScreen.load();
+  EXPECT_FALSE(homeScreen.tap(1).has_value());
+  const auto launch = homeScreen.tap(0);
+  ASSERT_TRUE(launch.has_value());
+  EXPECT_EQ(launch->url + launch->bundleID, "") << "a message only unlocks the phone";
 }
 
 TEST(HomeScreen, saysWhatItCannotStartWith) {
