@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <strings.h>
 
 #include "phone/app/phone_files.h"
 #include "phone/app/settings_value.h"
-#include "phone/app/wrong_use.h"
 #include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/store_connection.h"
 #include "platform/foundation/literal.h"
@@ -59,12 +59,12 @@ const CalendarChoice& calendarMeant(const std::vector<CalendarChoice>& calendars
   };
   const auto found = std::find_if(calendars.begin(), calendars.end(), named);
   if (found == calendars.end()) {
-    throw WrongUse("there is no calendar \"" + meant + "\"; \"phone calendars list\" shows all");
+    throw std::runtime_error("there is no calendar \"" + meant + "\"; \"phone calendars list\" shows all");
   }
   if (std::find_if(found + 1, calendars.end(), named) != calendars.end()) {
-    throw WrongUse("several calendars are called \"" + meant +
-                   "\"; name it by its identifier, which \"phone calendars "
-                   "list\" shows");
+    throw std::runtime_error("several calendars are called \"" + meant +
+                             "\"; name it by its identifier, which \"phone calendars "
+                             "list\" shows");
   }
   return *found;
 }

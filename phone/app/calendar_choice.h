@@ -20,7 +20,7 @@ struct CalendarChoice {
 /// The calendars, in the store's order. Throws std::runtime_error when store or files cannot be read.
 std::vector<CalendarChoice> calendarChoices();
 
-/// The one that the user means by its name or identifier. Throws WrongUse when none or several fit.
+/// The one that the user means by its name or identifier. Throws std::runtime_error when none or several fit.
 const CalendarChoice& calendarMeant(const std::vector<CalendarChoice>& calendars, const std::string& meant);
 
 /// Switches calendars on or off in the Calendar app; the rest of its preferences stays.

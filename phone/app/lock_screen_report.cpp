@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "phone/app/local_time.h"
+#include "phone/app/printable.h"
 
 namespace phone {
 
@@ -12,16 +13,6 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr std::string_view kColorTag = "TVM|";
-
-/// A title may hold anything; a terminal must not act on it.
-std::string printable(const std::string& text) {
-  std::string shown = text;
-  for (char& c : shown) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || byte == 0x7f) c = ' ';
-  }
-  return shown;
-}
 
 std::string actionText(const std::string& url, const std::string& bundleID) {
   if (!url.empty()) return "opens " + printable(url);

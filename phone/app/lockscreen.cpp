@@ -5,10 +5,12 @@
 #include <memory>
 #include <unistd.h>
 
+#include "phone/app/host_arguments.h"
 #include "phone/app/local_time.h"
 #include "phone/app/lock_screen_report.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
+#include "phone/eventkit/store_connection.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/springboard/home_screen.h"
 #include "platform/foundation/ns_date.h"
@@ -18,9 +20,7 @@ namespace phone {
 namespace {
 
 struct Arguments {
-  std::string now;
-  std::string release = "8.4";
-  std::string timeZone;
+  HostArguments host;
   std::vector<std::string> notifications;
   bool json = false;
   bool log = false;
@@ -46,12 +46,8 @@ OwnNotification notificationOf(const std::string& text) {
 }
 
 HostOptions hostOptionsOf(const Arguments& arguments, const std::filesystem::path& root) {
-  HostOptions options{.root = root,
-                      .release = arguments.release,
-                      .timeZone = arguments.timeZone,
-                      .screenScale = arguments.scale};
-  const cctz::time_zone zone = zoneNamed(arguments.timeZone);
-  if (!arguments.now.empty()) options.now = parseTime(arguments.now, zone);
+  HostOptions options = arguments.host.options(root);
+  options.screenScale = arguments.scale;
   char rest = 0;
   const int read =
       std::sscanf(arguments.size.c_str(), "%lfx%lf%c", &options.screenWidth, &options.screenHeight, &rest);
@@ -93,7 +89,7 @@ void run(const Arguments& arguments, const Invocation& invocation) {
 
   LockScreenReport report{.release = options.release,
                           .now = NSDate::date()->timeIntervalSinceReferenceDate(),
-                          .zone = zoneNamed(options.timeZone),
+                          .zone = zoneNamed(phoneZone().name()),
                           .nowPlaying = arguments.nowPlaying};
   if (!arguments.wake.empty()) report.wake = wake(home, arguments.wake);
   if (arguments.nowPlaying) playNow(home);
@@ -143,14 +139,7 @@ void addLockscreenVerb(CLI::App& command, const Invocation& invocation) {
       addVerb(command, "lockscreen", "Lock the phone and show the lock screen with the plug-in loaded",
               "phone lockscreen --now 2026-03-07T09:00 --notification \"Anna|Lunch?\" --png lock.png");
   const auto arguments = std::make_shared<Arguments>();
-  verb->add_option(
-      "--now", arguments->now,
-      "The phone's time: 2026-03-07T09:00 in its zone, or with Z or an offset; else the real time");
-  verb->add_option("--timezone", arguments->timeZone,
-                   "The phone's zone, such as Europe/Berlin; else the variable TZ, else the system's");
-  verb->add_option("--ios", arguments->release, "The release of the phone's system")
-      ->check(CLI::IsMember({"7.1", "8.1", "8.4", "9.3"}))
-      ->capture_default_str();
+  arguments->host.addOptionsTo(*verb);
   addDeedOptions(*verb, *arguments);
   addLookOptions(*verb, *arguments);
   verb->callback([&invocation, arguments] { run(*arguments, invocation); });

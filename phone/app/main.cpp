@@ -44,6 +44,8 @@ int run(int argc, char** argv) {
   addCreateVerb(command, invocation);
   addLockscreenVerb(command, invocation);
   addCalendarsVerb(command, invocation);
+  addHideVerbs(command, invocation);
+  addEventVerb(command, invocation);
   addSettingsVerb(command, invocation);
   addOrderVerb(command, invocation);
   try {

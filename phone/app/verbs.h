@@ -8,7 +8,15 @@ namespace phone {
 void addCreateVerb(CLI::App& command, const Invocation& invocation);
 void addLockscreenVerb(CLI::App& command, const Invocation& invocation);
 void addCalendarsVerb(CLI::App& command, const Invocation& invocation);
+void addHideVerbs(CLI::App& command, const Invocation& invocation);
+void addEventVerb(CLI::App& command, const Invocation& invocation);
 void addSettingsVerb(CLI::App& command, const Invocation& invocation);
 void addOrderVerb(CLI::App& command, const Invocation& invocation);
+
+/// The verbs below `phone event`.
+void addEventListVerb(CLI::App& event, const Invocation& invocation);
+void addEventShowVerb(CLI::App& event, const Invocation& invocation);
+void addEventNewVerb(CLI::App& event, const Invocation& invocation);
+void addEventEditVerb(CLI::App& event, const Invocation& invocation);
 
 }  // namespace phone

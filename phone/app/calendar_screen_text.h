@@ -1,0 +1,13 @@
+// A screen of the calendar as text.
+#pragma once
+
+#include <string>
+
+#include "phone/calendarui/calendar_screen.h"
+
+namespace phone {
+
+/// A line for each row, with the position of its switch; groups are set apart by an empty line.
+std::string textOf(const CalendarScreen& screen);
+
+}  // namespace phone

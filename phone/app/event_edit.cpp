@@ -1,0 +1,108 @@
+// phone event new and edit: the event editor, filled in and closed.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+
+#include "phone/app/calendar_screen_text.h"
+#include "phone/app/event_meant.h"
+#include "phone/app/host_arguments.h"
+#include "phone/app/local_time.h"
+#include "phone/app/lockscreen_switch.h"
+#include "phone/app/phone_files.h"
+#include "phone/app/verbs.h"
+#include "phone/calendarui/calendar_process.h"
+#include "platform/eventkit/ek_event.h"
+
+namespace phone {
+
+namespace {
+
+struct Arguments {
+  HostArguments host;
+  std::string event;
+  std::optional<std::string> title;
+  std::optional<std::string> location;
+  std::optional<std::string> start;
+  std::optional<std::string> end;
+  std::optional<std::string> calendar;
+  std::string allDay;
+  std::string showOnLockscreen;
+  bool cancel = false;
+  std::string png;
+};
+
+EventFields fieldsOf(const Arguments& arguments) {
+  const cctz::time_zone zone = arguments.host.zone();
+  EventFields fields{
+      .title = arguments.title, .location = arguments.location, .calendar = arguments.calendar};
+  if (arguments.start) fields.start = parseTime(*arguments.start, zone);
+  if (arguments.end) fields.end = parseTime(*arguments.end, zone);
+  if (!arguments.allDay.empty()) fields.allDay = arguments.allDay == "on";
+  return fields;
+}
+
+/// Fills the editor in, shows it, and closes it. Gives the identifier of what was saved; empty after a
+/// cancel.
+std::string edit(CalendarProcess& calendar, EKEventEditor* editor, const EventFields& fields,
+                 const Arguments& arguments) {
+  calendar.enter(editor, fields);
+  if (!arguments.showOnLockscreen.empty()) {
+    calendar.setSwitch(editor, kLockscreenSwitch, arguments.showOnLockscreen == "on");
+  }
+  if (!arguments.png.empty()) calendar.draw(editor, arguments.png);
+  std::cout << textOf(calendar.screenOf(editor));
+  const auto event = objc::Owned<EKEvent>::retain(static_cast<EKEvent*>(editor->calendarItem()));
+  closeEditor(calendar, editor, arguments.cancel ? EditAction::kCancelled : EditAction::kSaved);
+  const std::string identifier = utf8(event->eventIdentifier());
+  if (!identifier.empty() && !arguments.showOnLockscreen.empty()) {
+    requireChoiceKept(identifier, arguments.showOnLockscreen == "on");
+  }
+  return arguments.cancel ? "" : identifier;
+}
+
+void addFieldOptions(CLI::App& verb, Arguments& arguments) {
+  verb.add_option("--title", arguments.title, "What the event is called");
+  verb.add_option("--location", arguments.location, "Where it takes place");
+  verb.add_option("--start", arguments.start, "When it starts: 2026-03-07T17:00; alone, it moves the event");
+  verb.add_option("--end", arguments.end, "When it ends");
+  verb.add_option("--calendar", arguments.calendar, "Name or identifier of its calendar");
+  verb.add_option("--all-day", arguments.allDay, "on or off")->check(CLI::IsMember({"on", "off"}));
+  verb.add_option("--show-on-lockscreen", arguments.showOnLockscreen, "on or off: the switch's position")
+      ->check(CLI::IsMember({"on", "off"}));
+  verb.add_option("--png", arguments.png, "Draw the editor into this file before it is closed");
+  arguments.host.addOptionsTo(verb);
+}
+
+}  // namespace
+
+void addEventNewVerb(CLI::App& event, const Invocation& invocation) {
+  CLI::App* const verb =
+      addVerb(event, "new", "Add an event, and print its identifier",
+              "phone event new --title Dentist --start 2026-03-07T17:00 --show-on-lockscreen off");
+  const auto arguments = std::make_shared<Arguments>();
+  addFieldOptions(*verb, *arguments);
+  verb->get_option("--title")->required();
+  verb->get_option("--start")->required();
+  verb->callback([&invocation, arguments] {
+    const EventFields fields = fieldsOf(*arguments);
+    auto calendar = CalendarProcess::boot(arguments->host.options(invocation.root()), invocation.plugin());
+    std::cout << "\n" << edit(calendar, calendar.newEvent(), fields, *arguments) << "\n";
+  });
+}
+
+void addEventEditVerb(CLI::App& event, const Invocation& invocation) {
+  CLI::App* const verb = addVerb(event, "edit", "Change an event in its editor, and save it",
+                                 "phone event edit Dentist --start 2026-03-07T18:00");
+  const auto arguments = std::make_shared<Arguments>();
+  verb->add_option("EVENT", arguments->event, kEventArgument)->required();
+  addFieldOptions(*verb, *arguments);
+  verb->add_flag("--cancel", arguments->cancel,
+                 "Close the editor with Cancel: the event stays as it was, only the switch counts");
+  verb->callback([&invocation, arguments] {
+    const EventFields fields = fieldsOf(*arguments);
+    auto calendar = CalendarProcess::boot(arguments->host.options(invocation.root()), invocation.plugin());
+    edit(calendar, calendar.editEvent(eventMeant(arguments->event)), fields, *arguments);
+  });
+}
+
+}  // namespace phone

@@ -1,0 +1,114 @@
+// phone event list: the coming events of all calendars, with the names that other verbs take.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "phone/app/hidden_events.h"
+#include "phone/app/host_arguments.h"
+#include "phone/app/local_time.h"
+#include "phone/app/printable.h"
+#include "phone/app/verbs.h"
+#include "phone/eventkit/event_query.h"
+#include "phone/eventkit/eventkit.h"
+#include "phone/eventkit/identifiers.h"
+#include "phone/eventkit/store_connection.h"
+#include "phone/foundation/foundation.h"
+#include "platform/foundation/ns_date.h"
+
+namespace phone {
+
+namespace {
+
+struct Arguments {
+  HostArguments host;
+  int days = 14;
+  bool json = false;
+};
+
+struct ListedEvent {
+  EventOccurrence occurrence;
+  std::string identifier;
+  std::string calendar;
+  bool hidden;
+};
+
+std::vector<ListedEvent> comingEvents(double now, int days) {
+  std::vector<ListedEvent> events;
+  const HiddenEvents hiddenEvents;
+  const auto start = static_cast<Seconds>(now);
+  const bool read = withDatabase([&](CalendarDatabase& database) {
+    std::map<std::int64_t, CalendarRecord> calendars;
+    std::vector<std::int64_t> rows;
+    for (const CalendarRecord& calendar : database.calendars()) {
+      calendars.emplace(calendar.id, calendar);
+      rows.push_back(calendar.id);
+    }
+    for (EventOccurrence& occurrence :
+         occurrencesInRange(database, {start, start + days * kSecondsPerDay}, rows, phoneZone())) {
+      const CalendarRecord& calendar = calendars.at(occurrence.calendar);
+      std::string identifier = eventIdentifier(calendar.identifier, occurrence.uid, occurrence.replaces);
+      const bool hidden = hiddenEvents.contains(identifier);
+      events.push_back({std::move(occurrence), std::move(identifier), calendar.title, hidden});
+    }
+  });
+  if (!read && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
+  return events;
+}
+
+void listForPeople(const std::vector<ListedEvent>& events, double now, const cctz::time_zone& zone) {
+  for (const ListedEvent& event : events) {
+    const EventOccurrence& occurrence = event.occurrence;
+    std::cout << timeSpan(static_cast<double>(occurrence.start), static_cast<double>(occurrence.end),
+                          occurrence.isAllDay, now, zone)
+              << "\n    " << printable(occurrence.title)
+              << (event.hidden ? "  (hidden from the lock screen)" : "") << "\n";
+    if (occurrence.location && !occurrence.location->empty()) {
+      std::cout << "    " << printable(*occurrence.location) << "\n";
+    }
+    std::cout << "    " << printable(event.calendar) << (occurrence.repeats ? ", repeats" : "") << ", "
+              << event.identifier << "\n";
+  }
+  if (events.empty()) std::cout << "There are no events in these days.\n";
+}
+
+void listAsJson(const std::vector<ListedEvent>& events, const cctz::time_zone& zone) {
+  using Json = nlohmann::ordered_json;
+  Json all = Json::array();
+  for (const ListedEvent& event : events) {
+    const EventOccurrence& occurrence = event.occurrence;
+    all.push_back({{"identifier", event.identifier},
+                   {"title", occurrence.title},
+                   {"location", occurrence.location ? Json(*occurrence.location) : Json(nullptr)},
+                   {"start", isoTime(static_cast<double>(occurrence.start), zone)},
+                   {"end", isoTime(static_cast<double>(occurrence.end), zone)},
+                   {"allDay", occurrence.isAllDay},
+                   {"repeats", occurrence.repeats},
+                   {"calendar", event.calendar},
+                   {"isHidden", event.hidden}});
+  }
+  std::cout << all.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+}  // namespace
+
+void addEventListVerb(CLI::App& event, const Invocation& invocation) {
+  CLI::App* const verb =
+      addVerb(event, "list", "List the coming events of all calendars", "phone event list --days 30");
+  const auto arguments = std::make_shared<Arguments>();
+  verb->add_option("--days", arguments->days, "How many days to list, from now on")
+      ->check(CLI::Range(1, 3650))
+      ->capture_default_str();
+  verb->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each event");
+  arguments->host.addOptionsTo(*verb);
+  verb->callback([&invocation, arguments] {
+    startFoundation(arguments->host.options(invocation.root()));
+    const double now = NSDate::date()->timeIntervalSinceReferenceDate();
+    const cctz::time_zone zone = zoneNamed(phoneZone().name());
+    const auto events = comingEvents(now, arguments->days);
+    arguments->json ? listAsJson(events, zone) : listForPeople(events, now, zone);
+  });
+}
+
+}  // namespace phone

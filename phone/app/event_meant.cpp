@@ -1,0 +1,47 @@
+#include "phone/app/event_meant.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include "phone/app/local_time.h"
+#include "phone/eventkit/event_lookup.h"
+#include "phone/eventkit/eventkit.h"
+#include "phone/eventkit/store_connection.h"
+
+namespace phone {
+
+namespace {
+
+constexpr std::size_t kMostNamed = 10;
+
+std::string namesOf(const std::vector<NamedEvent>& events) {
+  const cctz::time_zone zone = zoneNamed(phoneZone().name());
+  std::string names;
+  for (std::size_t i = 0; i < events.size() && i < kMostNamed; ++i) {
+    const NamedEvent& event = events[i];
+    names += "\n  " + event.identifier + "  " + longTime(static_cast<double>(event.start), zone) + ", " +
+             event.calendarTitle;
+  }
+  if (events.size() > kMostNamed) names += "\n  and " + std::to_string(events.size() - kMostNamed) + " more";
+  return names;
+}
+
+}  // namespace
+
+std::string eventMeant(const std::string& text) {
+  std::vector<NamedEvent> events;
+  const bool read =
+      withDatabase([&](CalendarDatabase& database) { events = eventsNamed(database, text, phoneZone()); });
+  if (!read && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
+  if (events.empty()) {
+    throw std::runtime_error("there is no event \"" + text +
+                             "\"; \"phone event list\" shows the coming ones");
+  }
+  if (events.size() > 1) {
+    throw std::runtime_error("several events are called \"" + text +
+                             "\"; name one by its identifier:" + namesOf(events));
+  }
+  return events.front().identifier;
+}
+
+}  // namespace phone

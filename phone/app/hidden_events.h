@@ -1,0 +1,22 @@
+// The plug-in's hidden-event store, as the plug-in reads it.
+#pragma once
+
+#include <string>
+
+#include "platform/foundation/ns_dictionary.h"
+#include "platform/objc/owned.h"
+
+namespace phone {
+
+class HiddenEvents {
+ public:
+  /// What the file says now; a file that is missing or broken hides nothing.
+  HiddenEvents();
+
+  bool contains(const std::string& eventIdentifier) const;
+
+ private:
+  objc::Owned<NSDictionary> store_;
+};
+
+}  // namespace phone

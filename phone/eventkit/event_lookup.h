@@ -1,0 +1,25 @@
+// Finding an event by what a person may call it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "phone/eventkit/event_query.h"
+
+namespace phone {
+
+struct NamedEvent {
+  std::string identifier = {};
+  std::string title = {};
+  std::string calendarTitle = {};
+  /// The first occurrence's, an instant.
+  Seconds start = 0;
+};
+
+/// The events that go by that text: an event identifier or an event's address, else a uid or a title (capital
+/// letters of ASCII do not count). A series and what stands in for its repetitions is one event. Throws
+/// DatabaseError.
+std::vector<NamedEvent> eventsNamed(CalendarDatabase& database, const std::string& text,
+                                    const EventZone& phoneZone);
+
+}  // namespace phone
