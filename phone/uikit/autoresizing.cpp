@@ -22,7 +22,6 @@ Span resized(Span span, CGFloat oldWhole, CGFloat newWhole, bool beforeFlexes, b
   if (count == 0 || change == 0) return span;
   const auto share = [&](bool flexes, CGFloat length) {
     if (!flexes) return CGFloat{0};
-    if (count == 1) return change;
     return flexible > 0 ? change * length / flexible : change / count;
   };
   return {span.before + share(beforeFlexes, span.before), span.length + share(lengthFlexes, span.length)};

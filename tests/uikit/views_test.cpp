@@ -143,9 +143,12 @@ TEST_F(Views, LayoutHappensOncePerChange) {
   objc::send<"layoutIfNeeded">(superview.get());
   EXPECT_EQ(layouts, 1);
   counting->setFrame({{3, 3}, {5, 5}});
-  counting->addSubview(view().get());
   objc::send<"layoutIfNeeded">(superview.get());
   EXPECT_EQ(layouts, 2);
+  counting->addSubview(view().get());
+  counting->addSubview(view().get());
+  objc::send<"layoutIfNeeded">(superview.get());
+  EXPECT_EQ(layouts, 3);
 }
 
 TEST_F(Views, DrawingFollowsPlaceOrderAlphaAndClipping) {
