@@ -24,11 +24,11 @@ struct Rgba {
   double alpha = 1;
 };
 
-inline CGColor rgbColor(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
+constexpr CGColor rgbColor(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
   return {4, {red, green, blue, alpha}};
 }
 
-inline CGColor greyColor(CGFloat white, CGFloat alpha) { return {2, {white, alpha, 0, 0}}; }
+constexpr CGColor greyColor(CGFloat white, CGFloat alpha) { return {2, {white, alpha, 0, 0}}; }
 
 /// The colour as drawing needs it; black for none.
 inline Rgba rgbaOf(const CGColor* color) {

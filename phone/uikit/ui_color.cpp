@@ -39,24 +39,11 @@ UIColor* initWithWhite(UIColor* self, SEL, CGFloat white, CGFloat alpha) {
   return self;
 }
 
-struct NamedRgb {
-  double red, green, blue;
-};
-struct NamedGrey {
-  double white, alpha;
-};
-
 /// A class method that gives the same object at every call.
-template <auto Components>
+template <CGColor Components>
 MethodDefinition namedColor(const char* selector) {
   UIColor* (*const get)(Class, SEL) = [](Class, SEL) {
-    static UIColor* const color = [] {
-      if constexpr (std::is_same_v<decltype(Components), const NamedGrey>) {
-        return makeColor(greyColor(Components.white, Components.alpha)).relinquish();
-      } else {
-        return makeColor(rgbColor(Components.red, Components.green, Components.blue, 1)).relinquish();
-      }
-    }();
+    static UIColor* const color = makeColor(Components).relinquish();
     return color;
   };
   return classMethod(selector, get);
@@ -107,18 +94,18 @@ ClassDefinition uiColor() {
               classMethod("colorWithRed:green:blue:alpha:", colorWithRed),
               classMethod("colorWithWhite:alpha:", colorWithWhite),
               classMethod("colorWithCGColor:", colorWithCGColor),
-              namedColor<NamedRgb{1, 0, 0}>("redColor"),
-              namedColor<NamedRgb{0, 1, 0}>("greenColor"),
-              namedColor<NamedRgb{0, 0, 1}>("blueColor"),
-              namedColor<NamedRgb{1, 1, 0}>("yellowColor"),
-              namedColor<NamedRgb{1, 0.5, 0}>("orangeColor"),
-              namedColor<NamedRgb{0.5, 0, 0.5}>("purpleColor"),
-              namedColor<NamedRgb{0.6, 0.4, 0.2}>("brownColor"),
-              namedColor<NamedGrey{0, 1}>("blackColor"),
-              namedColor<NamedGrey{0.5, 1}>("grayColor"),
-              namedColor<NamedGrey{2.0 / 3, 1}>("lightGrayColor"),
-              namedColor<NamedGrey{1, 1}>("whiteColor"),
-              namedColor<NamedGrey{0, 0}>("clearColor"),
+              namedColor<rgbColor(1, 0, 0, 1)>("redColor"),
+              namedColor<rgbColor(0, 1, 0, 1)>("greenColor"),
+              namedColor<rgbColor(0, 0, 1, 1)>("blueColor"),
+              namedColor<rgbColor(1, 1, 0, 1)>("yellowColor"),
+              namedColor<rgbColor(1, 0.5, 0, 1)>("orangeColor"),
+              namedColor<rgbColor(0.5, 0, 0.5, 1)>("purpleColor"),
+              namedColor<rgbColor(0.6, 0.4, 0.2, 1)>("brownColor"),
+              namedColor<greyColor(0, 1)>("blackColor"),
+              namedColor<greyColor(0.5, 1)>("grayColor"),
+              namedColor<greyColor(2.0 / 3, 1)>("lightGrayColor"),
+              namedColor<greyColor(1, 1)>("whiteColor"),
+              namedColor<greyColor(0, 0)>("clearColor"),
               method("initWithRed:green:blue:alpha:", initWithRed),
               method("initWithWhite:alpha:", initWithWhite),
               method("CGColor", getCGColor),
