@@ -20,11 +20,21 @@ Seconds wallUntil(const icaltimetype& until, const EventZone* zone) {
   return icaltime_is_utc(until) != 0 && zone != nullptr ? zone->toWall(seconds) : seconds;
 }
 
+/// A numbered week without weekdays means the weekday of the start; libical knows only the former.
+void nameWeekday(icalrecurrencetype& rule, Seconds wallStart) {
+  const bool isWeekOnly =
+      rule.by_week_no[0] != ICAL_RECURRENCE_ARRAY_MAX && rule.by_day[0] == ICAL_RECURRENCE_ARRAY_MAX;
+  if (!isWeekOnly) return;
+  rule.by_day[0] = static_cast<short>(icaltime_day_of_week(icalTime(wallStart)));
+  rule.by_day[1] = ICAL_RECURRENCE_ARRAY_MAX;
+}
+
 }  // namespace
 
 std::optional<RecurrenceRule> RecurrenceRule::fromFile(icalrecurrencetype rule, Seconds wallStart,
                                                        const EventZone* zone) {
   if (icaltime_is_null_time(rule.until) == 0) rule.until = icalTime(wallUntil(rule.until, zone));
+  nameWeekday(rule, wallStart);
   RecurrenceRule read(rule, wallStart);
   if (read.lastStart() < wallStart) return std::nullopt;
   const std::int64_t day = dayOf(wallStart);

@@ -57,21 +57,31 @@ std::string report(CalendarDatabase& database, const std::filesystem::path& file
   return text.str();
 }
 
-class CalendarFileTest : public CoreTest, public testing::WithParamInterface<std::string> {};
+class CalendarFileTest : public CoreTest, public testing::WithParamInterface<std::string> {
+ protected:
+  /// Imports a file or a folder and compares the search that `expected` describes.
+  void compare(const std::filesystem::path& calendars, const std::filesystem::path& expected) {
+    std::ifstream stream(expected);
+    std::string zone;
+    std::string range;
+    std::getline(stream, zone);
+    std::getline(stream, range);
+    ASSERT_EQ(zone.rfind("zone ", 0), 0u) << expected;
+    ASSERT_EQ(range.rfind("range ", 0), 0u) << expected;
+    std::ostringstream rest;
+    rest << stream.rdbuf();
+    EXPECT_EQ(report(database(), calendars, zone.substr(5), range.substr(6)),
+              zone + "\n" + range + "\n" + rest.str());
+  }
+};
 
 TEST_P(CalendarFileTest, HasTheExpectedOccurrences) {
   const auto file = std::filesystem::path(TAVIMO_SOURCE_DIR "/tests/eventkit/calendars") / GetParam();
-  std::ifstream stream(std::filesystem::path(file).replace_extension(".expected"));
-  std::string zone;
-  std::string range;
-  std::getline(stream, zone);
-  std::getline(stream, range);
-  ASSERT_EQ(zone.rfind("zone ", 0), 0u);
-  ASSERT_EQ(range.rfind("range ", 0), 0u);
-  std::ostringstream rest;
-  rest << stream.rdbuf();
-  EXPECT_EQ(report(database(), file, zone.substr(5), range.substr(6)),
-            zone + "\n" + range + "\n" + rest.str());
+  compare(file, std::filesystem::path(file).replace_extension(".expected"));
+}
+
+TEST_F(CalendarFileTest, TheSamplesShowWhatTheyAreMeantTo) {
+  compare(TAVIMO_SOURCE_DIR "/samples", TAVIMO_SOURCE_DIR "/tests/eventkit/samples.expected");
 }
 
 std::vector<std::string> calendarFiles() {
