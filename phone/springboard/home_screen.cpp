@@ -181,12 +181,16 @@ void HomeScreen::showNowPlaying() {
   overlay_ = objc::Owned<SBLockScreenPluginOverlayContext>::adopt(
       allocated->initWithPluginName("NowPlayingArtLockScreen"_ns, nullptr, nullptr));
   lockScreenView_->addLockContentUnderlay(nowPlayingRequester());
+  setNowPlaying(lockScreenView_.get(), true);
+  layOut();
 }
 
 void HomeScreen::hideNowPlaying() {
   const AutoreleasePool pool;
   overlay_ = {};
   lockScreenView_->removeLockContentUnderlay(nowPlayingRequester());
+  setNowPlaying(lockScreenView_.get(), false);
+  layOut();
 }
 
 void HomeScreen::runFor(std::chrono::duration<double> time) {

@@ -131,8 +131,7 @@ SBAwayListItem* listItemAtIndexPath(Controller* self, SEL, NSIndexPath* indexPat
 
 void loadView(Controller* self, SEL) {
   auto& state = stateOf<ListControllerState>(self);
-  const CGRect frame = listFrame(objc::send<"bounds", CGRect>(UIScreen::mainScreen()).size);
-  state.listView = makeListView(self, frame);
+  state.listView = makeListView(self, objc::send<"bounds", CGRect>(UIScreen::mainScreen()));
   setListView(state.lockScreenView, state.listView.get());
   showChange(self);
 }

@@ -34,6 +34,9 @@ SBAwayListItem* itemAt(ListView* self, NSIndexPath* indexPath) {
 ListView* initWithFrame(ListView* self, SEL selector, CGRect frame) {
   self = objc::sendSuper<ListView*>(objc::classNamed<"UIView">(), self, selector, frame);
   objc::writeIvar(self, "_heightForListItemCache", NSMutableDictionary::dictionary());
+  // Rows that are scrolled out fade away before clock and hint.
+  constexpr CGFloat kEdgeFade = 10;
+  stateOf<ViewState>(self).edgeFade = kEdgeFade;
   auto& table = stateOf<ListViewState>(self).table;
   table = makeView<UITableView, "UITableView">({{}, frame.size});
   table->setAutoresizingMask(kFlexibleWidth | kFlexibleHeight);

@@ -6,6 +6,8 @@
 #include "phone/springboard/date_texts.h"
 #include "phone/springboard/definitions.h"
 #include "phone/springboard/lock_screen_furniture.h"
+#include "phone/springboard/now_playing.h"
+#include "phone/springboard/sb_lock_screen_notification_list_view.h"
 #include "phone/springboard/wallpaper.h"
 #include "phone/uikit/blur.h"
 #include "phone/uikit/ui_color.h"
@@ -33,7 +35,8 @@ struct LockScreenState {
   objc::Owned<UILabel> clock;
   objc::Owned<UILabel> day;
   objc::Owned<UILabel> hint;
-  objc::Owned<UIView> listView;
+  objc::Owned<SBLockScreenNotificationListView> listView;
+  bool isPlaying = false;
 };
 
 LockScreenState& stateOfView(LockView* view) { return stateOf<LockScreenState>(view); }
@@ -76,9 +79,19 @@ void removeUnderlay(LockView* self, SEL, NSString* requester) {
   std::erase(stateOfView(self).requesters, std::string(requester->UTF8String()));
 }
 
+/// What clock and hint leave for the list and for plug-in screens.
+CGRect listRoom(CGSize screen) {
+  constexpr double kTop = 146;
+  constexpr double kBottomMargin = 78;
+  return {{0, kTop}, {screen.width, std::max(screen.height - kTop - kBottomMargin, 0.0)}};
+}
+
 /// Makes the picture that lies behind everything, in the screen's pixels.
 const Surface& background(LockView* self) {
-  auto& [requesters, chosen, wallpaper, underlay, clock, day, hint, listView] = stateOfView(self);
+  auto& lockScreen = stateOfView(self);
+  Surface& wallpaper = lockScreen.wallpaper;
+  Surface& underlay = lockScreen.underlay;
+  const Surface& chosen = lockScreen.chosenWallpaper;
   const double scale = UIScreen::mainScreen()->scale();
   const CGSize size = self->bounds().size;
   const int width = static_cast<int>(std::round(size.width * scale));
@@ -86,7 +99,7 @@ const Surface& background(LockView* self) {
   if (wallpaper == nullptr) {
     wallpaper = chosen == nullptr ? ownWallpaper(width, height) : fillingCopy(chosen, width, height);
   }
-  if (requesters.empty()) return wallpaper;
+  if (lockScreen.requesters.empty()) return wallpaper;
   if (underlay == nullptr && wallpaper != nullptr) {
     constexpr double kBlurPoints = 18;
     constexpr double kDarkness = 0.28;
@@ -102,6 +115,23 @@ void drawRect(LockView* self, SEL, CGRect bounds) {
   if (const Surface& picture = background(self); picture != nullptr) drawSurface(canvas, picture, bounds);
   drawStatusBar(canvas, bounds.size.width);
   drawGrabbers(canvas, bounds.size);
+  const auto& lockScreen = stateOfView(self);
+  if (!lockScreen.isPlaying) return;
+  const CGRect room = listRoom(bounds.size);
+  drawNowPlayingControls(canvas, room);
+  if (!lockScreen.listView || shownRows(lockScreen.listView.get()).empty()) drawNowPlayingArt(canvas, room);
+}
+
+void placeList(LockView* self) {
+  const auto& lockScreen = stateOfView(self);
+  if (!lockScreen.listView) return;
+  CGRect frame = listRoom(self->bounds().size);
+  if (lockScreen.isPlaying) {
+    const double taken = std::min(kNowPlayingControlsHeight, frame.size.height);
+    frame.origin.y += taken;
+    frame.size.height -= taken;
+  }
+  lockScreen.listView->setFrame(frame);
 }
 
 }  // namespace
@@ -120,18 +150,19 @@ ClassDefinition sbLockScreenView() {
 
 const std::vector<std::string>& underlayRequesters(LockView* view) { return stateOfView(view).requesters; }
 
-CGRect listFrame(CGSize screen) {
-  constexpr double kTop = 146;
-  constexpr double kBottomMargin = 78;
-  return {{0, kTop}, {screen.width, std::max(screen.height - kTop - kBottomMargin, 0.0)}};
-}
-
-void setListView(LockView* view, UIView* listView) {
+void setListView(LockView* view, SBLockScreenNotificationListView* listView) {
   if (view == nullptr) return;
   auto& shown = stateOfView(view).listView;
   objc::send<"removeFromSuperview">(shown.get());
-  shown = objc::Owned<UIView>::retain(listView);
-  if (listView != nullptr) view->addSubview(listView);
+  shown = objc::Owned<SBLockScreenNotificationListView>::retain(listView);
+  if (listView == nullptr) return;
+  view->addSubview(listView);
+  placeList(view);
+}
+
+void setNowPlaying(LockView* view, bool isPlaying) {
+  stateOfView(view).isPlaying = isPlaying;
+  placeList(view);
 }
 
 void setShownTime(LockView* view, NSDate* time) {

@@ -7,6 +7,7 @@
 
 #include "phone/uikit/surface.h"
 #include "platform/objc/owned.h"
+#include "platform/springboard/sb_lock_screen_notification_list_view.h"
 #include "platform/springboard/sb_lock_screen_view.h"
 
 class NSDate;
@@ -16,11 +17,12 @@ namespace phone {
 /// Who has an underlay now, in the order of asking.
 const std::vector<std::string>& underlayRequesters(SBLockScreenView* view);
 
-/// Where the list lies on a lock screen of that size, in points.
-CGRect listFrame(CGSize screen);
+/// Puts the list's view on the screen, at its place there, instead of an earlier one; none takes it away. No
+/// screen, no effect.
+void setListView(SBLockScreenView* view, SBLockScreenNotificationListView* listView);
 
-/// Puts the list's view on the screen in place of an earlier one; none takes it away. No screen, no effect.
-void setListView(SBLockScreenView* view, UIView* listView);
+/// Shows what is playing: controls above the list, and the album's picture while the list is empty.
+void setNowPlaying(SBLockScreenView* view, bool isPlaying);
 
 /// What the clock and the line below it show.
 void setShownTime(SBLockScreenView* view, NSDate* time);

@@ -22,6 +22,8 @@ struct ViewState {
   NSUInteger autoresizingMask = 0;
   NSInteger tag = 0;
   CGFloat alpha = 1;
+  /// Over so many points the view and all in it fade away towards the top and bottom edge, as under a mask.
+  CGFloat edgeFade = 0;
   /// How far the view's own drawing may reach above and below its bounds, in points.
   CGFloat overhang = 0;
   bool hidden = false;

@@ -57,6 +57,19 @@ void drawOwnContent(cairo_t* canvas, UIView* view, const ViewState& state) {
   cairo_restore(canvas);
 }
 
+void paintFading(cairo_t* canvas, CGRect bounds, const ViewState& state) {
+  const double top = bounds.origin.y;
+  const double bottom = top + bounds.size.height;
+  const double fade = std::min(state.edgeFade / bounds.size.height, 0.5);
+  cairo_pattern_t* const mask = cairo_pattern_create_linear(0, top, 0, bottom);
+  cairo_pattern_add_color_stop_rgba(mask, 0, 0, 0, 0, 0);
+  cairo_pattern_add_color_stop_rgba(mask, fade, 0, 0, 0, state.alpha);
+  cairo_pattern_add_color_stop_rgba(mask, 1 - fade, 0, 0, 0, state.alpha);
+  cairo_pattern_add_color_stop_rgba(mask, 1, 0, 0, 0, 0);
+  cairo_mask(canvas, mask);
+  cairo_pattern_destroy(mask);
+}
+
 void drawHierarchy(cairo_t* canvas, UIView* view) {
   const ViewState& state = stateOf<ViewState>(view);
   if (state.hidden || !(state.alpha > 0)) return;
@@ -64,7 +77,7 @@ void drawHierarchy(cairo_t* canvas, UIView* view) {
   cairo_save(canvas);
   cairo_translate(canvas, state.frame.origin.x - bounds.origin.x, state.frame.origin.y - bounds.origin.y);
   // A translucent view is one layer: its parts do not show through one another.
-  const bool isTranslucent = state.alpha < 1;
+  const bool isTranslucent = state.alpha < 1 || state.edgeFade > 0;
   if (isTranslucent) {
     clipTo(canvas, coveredArea(view));
     cairo_push_group(canvas);
@@ -74,7 +87,11 @@ void drawHierarchy(cairo_t* canvas, UIView* view) {
   for (const auto& subview : std::vector(state.subviews)) drawHierarchy(canvas, subview.get());
   if (isTranslucent) {
     cairo_pop_group_to_source(canvas);
-    cairo_paint_with_alpha(canvas, state.alpha);
+    if (state.edgeFade > 0) {
+      paintFading(canvas, bounds, state);
+    } else {
+      cairo_paint_with_alpha(canvas, state.alpha);
+    }
   }
   cairo_restore(canvas);
 }

@@ -135,6 +135,26 @@ TEST(HomeScreen, scrollsAsFarAsItsListGoes) {
   EXPECT_TRUE(scrolled[15].cell.has_value());
 }
 
+TEST(HomeScreen, makesRoomForTheControlsOfWhatIsPlaying) {
+  auto homeScreen = HomeScreen::boot(phoneOf());
+  homeScreen.load();
+  postNumbered(homeScreen, 16);
+  const auto visibleRows = [&homeScreen] {
+    const auto rows = homeScreen.rows();
+    return std::count_if(rows.begin(), rows.end(), [](const ListRow& row) { return row.cell.has_value(); });
+  };
+  const double top = homeScreen.rows()[0].frame->origin.y;
+  const auto visible = visibleRows();
+  homeScreen.showNowPlaying();
+  EXPECT_GT(homeScreen.rows()[0].frame->origin.y, top);
+  EXPECT_LT(visibleRows(), visible);
+  homeScreen.load();
+  EXPECT_GT(homeScreen.rows()[0].frame->origin.y, top) << "a list that loads meanwhile stands there, too";
+  homeScreen.hideNowPlaying();
+  EXPECT_EQ(homeScreen.rows()[0].frame->origin.y, top);
+  EXPECT_EQ(visibleRows(), visible);
+}
+
 TEST(HomeScreen, laysItsRowsOutInsideTheScreenWhateverTheySay) {
   auto homeScreen = HomeScreen::boot(phoneOf());
   homeScreen.load();
