@@ -8,7 +8,9 @@
 #include <type_traits>
 #include <vector>
 
+#include "phone/objc/class_definition.h"
 #include "phone/objc/hooking.h"
+#include "platform/coregraphics/cg_geometry.h"
 #include "tests/tavimo/support/objects.h"
 
 namespace phone {
@@ -31,26 +33,44 @@ std::string describe(Value value) {
   std::ostringstream line;
   if constexpr (std::is_pointer_v<Value> && std::is_class_v<std::remove_pointer_t<Value>>) {
     line << (value == nullptr ? "none" : utf8(objc::send<"description", NSString*>(value)));
+  } else if constexpr (std::is_same_v<Value, CGRect>) {
+    line << utf8(NSStringFromCGRect(value));
   } else {
     line << std::boolalpha << value;
   }
   return line.str();
 }
 
-template <typename Result, typename... Arguments>
-Result recordAndForward(id self, SEL selector, Arguments... arguments) {
+template <typename... Arguments>
+void record(SEL selector, Arguments... arguments) {
   std::string line = sel_getName(selector);
   ((line += " " + describe(arguments)), ...);
   sentMessages().push_back(line);
+}
+
+template <typename Result, typename... Arguments>
+Result recordAndForward(id self, SEL selector, Arguments... arguments) {
+  record(selector, arguments...);
   const auto method = watchedMethods().at(sel_getName(selector));
   return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(method)(self, selector, arguments...);
+}
+
+template <typename Result, typename... Arguments>
+Result recordAndAnswer(id self, SEL selector, Arguments... arguments) {
+  record(selector, arguments...);
+  if constexpr (std::is_pointer_v<Result>) {
+    return static_cast<Result>(static_cast<void*>(self));
+  } else if constexpr (!std::is_void_v<Result>) {
+    return static_cast<Result>(42);
+  }
 }
 
 template <typename Signature>
 struct Recording;
 template <typename Result, typename... Arguments>
 struct Recording<Result(Arguments...)> {
-  static constexpr auto method = recordAndForward<Result, Arguments...>;
+  static constexpr auto forward = recordAndForward<Result, Arguments...>;
+  static constexpr auto answer = recordAndAnswer<Result, Arguments...>;
 };
 
 }  // namespace detail
@@ -61,11 +81,18 @@ template <typename Signature>
 void watch(const char* className, const char* selector) {
   auto* const target = static_cast<Class>(objc_getClass(className));
   IMP displaced = nullptr;
-  hookMethod(target, sel_registerName(selector), reinterpret_cast<IMP>(detail::Recording<Signature>::method),
+  hookMethod(target, sel_registerName(selector), reinterpret_cast<IMP>(detail::Recording<Signature>::forward),
              &displaced);
   if (displaced == nullptr || !detail::watchedMethods().emplace(selector, displaced).second) {
     throw std::logic_error(std::string("cannot watch ") + className + " " + selector);
   }
+}
+
+/// A method of a class of the test's own that is recorded and does nothing else. It answers with its
+/// receiver, or with 42, true or nothing, as its result type has it.
+template <typename Signature>
+MethodDefinition recorded(const char* selector) {
+  return method(selector, detail::Recording<Signature>::answer);
 }
 
 }  // namespace phone
