@@ -69,7 +69,7 @@ TEST_F(BareHomeScreen, EveryReplacementPassesThroughBeforeTheFirstLoad) {
                    "layoutSubviews", "initWithFrame: {{1, 2}, {3, 4}}",
                    "_addLockContentUnderlayWithRequester: NowPlayingArtLockScreen"}));
   EXPECT_EQ(logLines(), Lines());
-  EXPECT_FALSE(*pluginSymbol<bool>("isEnabled"));
+  EXPECT_FALSE(exported<bool>("isEnabled"));
 }
 
 TEST_F(BareHomeScreen, ListControllerWithoutInstanceVariablesAndWaysToAddIsUnharmed) {
@@ -80,7 +80,7 @@ TEST_F(BareHomeScreen, ListControllerWithoutInstanceVariablesAndWaysToAddIsUnhar
   EXPECT_EQ(loggedWith("not responding"), (Lines{"TVM: list controller not responding to known selectors!"}));
   EXPECT_EQ((objc::send<"count", NSUInteger>(list.get())), 42U);
   const auto context = objc::make<NSObject, "SBLockScreenPluginOverlayContext">();
-  *pluginSymbol<bool>("debugMode") = true;
+  exported<bool>("debugMode") = true;
   clearLog();
   objc::send<"removeCustomBulletins">(context.get());
   EXPECT_EQ(logLines(), (Lines{"TVM: SBLockScreenPluginOverlayContext listitems count=0, tvm count=1",

@@ -60,8 +60,8 @@ TEST_P(Load, PublishesWhatIsNotHiddenAndLetsTheHostLoadLast) {
   clearLog();
   EXPECT_EQ(load(),
             (Lines{added("<BBBulletin Tavimo 0: one>"), added("<BBBulletin Tavimo 2: three>"), "loadView"}));
-  EXPECT_EQ(LockScreen::value<NSInteger>("tvmItemsCount"), 3);
-  EXPECT_EQ(LockScreen::value<Controller*>("sBLockScreenNotificationListController"), phone_.controller());
+  EXPECT_EQ(exported<NSInteger>("tvmItemsCount"), 3);
+  EXPECT_EQ(exported<Controller*>("sBLockScreenNotificationListController"), phone_.controller());
   EXPECT_EQ(phone_.titles(), (Lines{"one", "three"}));
   NSDictionary* const store = NSDictionary::dictionaryWithContentsOfFile(
       text("/var/mobile/Library/Preferences/" + std::string(kHiddenEvents)));
@@ -105,8 +105,8 @@ TEST_P(Load, SwitchedOffPublishesNothingAndAsksNobody) {
   EXPECT_EQ(phone_.titles(), Lines());
   EXPECT_TRUE(scriptedStore().queries.empty());
   EXPECT_EQ(logLines(), Lines());
-  EXPECT_EQ(LockScreen::value<NSInteger>("tvmItemsCount"), 1);
-  EXPECT_EQ(LockScreen::value<Controller*>("sBLockScreenNotificationListController"), phone_.controller());
+  EXPECT_EQ(exported<NSInteger>("tvmItemsCount"), 1);
+  EXPECT_EQ(exported<Controller*>("sBLockScreenNotificationListController"), phone_.controller());
 }
 
 TEST_P(Load, WithdrawsThroughTheControllerThatLoadsNow) {
@@ -115,7 +115,7 @@ TEST_P(Load, WithdrawsThroughTheControllerThatLoadsNow) {
   auto* const first = phone_.controller();
   phone_.makeController();
   // Only the plug-in holds the first controller now; the second load lets go of it.
-  EXPECT_EQ(LockScreen::value<Controller*>("sBLockScreenNotificationListController"), first);
+  EXPECT_EQ(exported<Controller*>("sBLockScreenNotificationListController"), first);
   const Lines sent = load();
   EXPECT_EQ(sent.size(), listOutlivesLoads() ? 3U : 2U);
   EXPECT_EQ(sent.back(), "loadView");
@@ -125,7 +125,7 @@ TEST_P(Load, WithdrawsThroughTheControllerThatLoadsNow) {
 TEST_P(Load, NoEventsStillLoadsTheHost) {
   EXPECT_EQ(load(), (Lines{"loadView"}));
   EXPECT_EQ(loggedWith("hidden events"), (Lines{"TVM: hidden events:\r\n {}"}));
-  EXPECT_EQ(LockScreen::value<NSInteger>("tvmItemsCount"), 0);
+  EXPECT_EQ(exported<NSInteger>("tvmItemsCount"), 0);
 }
 
 TAVIMO_ON_EACH_RELEASE(Load);

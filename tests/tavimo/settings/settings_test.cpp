@@ -16,13 +16,13 @@ using Color = std::vector<double>;
 const Color kWhite{1, 1, 1, 1};
 const Color kGray{0.5, 0.5, 0.5, 1};
 
-bool flag(const char* name) { return LockScreen::value<bool>(name); }
-NSInteger number(const char* name) { return LockScreen::value<NSInteger>(name); }
-std::string textNamed(const char* name) { return utf8(LockScreen::value<NSString*>(name)); }
+bool flag(const char* name) { return exported<bool>(name); }
+NSInteger number(const char* name) { return exported<NSInteger>(name); }
+std::string textNamed(const char* name) { return utf8(exported<NSString*>(name)); }
 
 /// Red, green, blue and alpha, for a grey colour too.
 Color color(const char* name) {
-  CGColorRef const drawn = LockScreen::value<UIColor*>(name)->getCGColor();
+  CGColorRef const drawn = exported<UIColor*>(name)->getCGColor();
   const CGFloat* const parts = CGColorGetComponents(drawn);
   if (CGColorGetNumberOfComponents(drawn) == 2) return {parts[0], parts[0], parts[0], parts[1]};
   return {parts, parts + 4};

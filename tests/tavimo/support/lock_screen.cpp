@@ -3,6 +3,7 @@
 #include "phone/bulletinboard/bulletinboard.h"
 #include "phone/foundation/foundation.h"
 #include "phone/foundation/log_sink.h"
+#include "phone/objc/plugin.h"
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 #include "phone/springboard/springboard.h"
 #include "phone/uikit/uikit.h"

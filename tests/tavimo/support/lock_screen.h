@@ -8,7 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "phone/objc/plugin.h"
 #include "phone/springboard/list_row.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/ns_mutable_array.h"
@@ -16,6 +15,7 @@
 #include "platform/springboard/sb_lock_screen_notification_list_controller.h"
 #include "tests/foundation/temporary_folder.h"
 #include "tests/tavimo/support/objects.h"
+#include "tests/tavimo/support/plugin_values.h"
 
 namespace phone {
 
@@ -69,12 +69,6 @@ class LockScreen {
   std::vector<ListRow> rows();
   /// The titles of the rows.
   std::vector<std::string> titles();
-
-  /// The plug-in's exported value of that name.
-  template <typename Value>
-  static Value& value(const char* name) {
-    return *pluginSymbol<Value>(name);
-  }
 
  private:
   TemporaryFolder root_;
