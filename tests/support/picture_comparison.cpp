@@ -42,6 +42,25 @@ Surface markDifference(const Surface& drawn, const Surface& expected, int distan
   return marked;
 }
 
+/// For each pixel, row by row, whether it lies in one of the rectangles.
+std::vector<bool> maskOf(const std::vector<PixelRect>& rects, Size size) {
+  std::vector<bool> mask(static_cast<std::size_t>(size.width) * size.height);
+  for (const PixelRect& rect : rects) {
+    for (int y = std::max(rect.y, 0); y < std::min(rect.y + rect.height, size.height); ++y) {
+      for (int x = std::max(rect.x, 0); x < std::min(rect.x + rect.width, size.width); ++x) {
+        mask[static_cast<std::size_t>(y) * size.width + x] = true;
+      }
+    }
+  }
+  return mask;
+}
+
+/// How many pixels of a part were looked at, and how many of them are too far from the reference.
+struct Differences {
+  int all = 0;
+  int far = 0;
+};
+
 }  // namespace
 
 std::ostream& operator<<(std::ostream& out, const Pixel& pixel) {
@@ -79,26 +98,33 @@ testing::AssertionResult matchesPicture(const Surface& drawn, const std::filesys
            << "; look at " << std::filesystem::absolute(results / (name + ".drawn.png"));
   }
   const auto [width, height] = sizeOf(drawn);
-  int farPixels = 0;
+  const std::vector<bool> isLetter = maskOf(tolerance.lettering, {width, height});
+  Differences letters;
+  Differences others;
   int worst = 0;
   int top = height;
   int bottom = 0;
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       const int distance = pixelDistance(pixelAt(drawn, x, y), pixelAt(expected, x, y));
+      Differences& place = isLetter[static_cast<std::size_t>(y) * width + x] ? letters : others;
+      ++place.all;
       worst = std::max(worst, distance);
       if (distance <= tolerance.distance) continue;
-      ++farPixels;
+      ++place.far;
       top = std::min(top, y);
       bottom = std::max(bottom, y);
     }
   }
-  if (farPixels <= tolerance.share * width * height) return testing::AssertionSuccess();
+  if (others.far <= tolerance.share * others.all && letters.far <= tolerance.letteringShare * letters.all) {
+    return testing::AssertionSuccess();
+  }
   std::filesystem::create_directories(results);
   writePng(drawn, results / (name + ".drawn.png"));
   writePng(markDifference(drawn, expected, tolerance.distance), results / (name + ".difference.png"));
-  return testing::AssertionFailure() << farPixels << " pixels of " << reference << " differ, by " << worst
-                                     << " at most, in rows " << top << " to " << bottom << "; look at "
+  return testing::AssertionFailure() << others.far << " pixels of " << reference << " differ, and "
+                                     << letters.far << " of its letters, by " << worst << " at most, in rows "
+                                     << top << " to " << bottom << "; look at "
                                      << std::filesystem::absolute(results / (name + ".difference.png"));
 }
 

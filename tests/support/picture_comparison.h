@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iosfwd>
+#include <vector>
 
 #include "phone/uikit/surface.h"
 
@@ -28,6 +29,14 @@ Pixel pixelAt(const Surface& surface, int x, int y);
 /// The largest difference between two pixels' channels, 0 to 255.
 int pixelDistance(const Pixel& left, const Pixel& right);
 
+/// A part of a picture, in pixels.
+struct PixelRect {
+  int x;
+  int y;
+  int width;
+  int height;
+};
+
 /// How far a picture may be from its reference. The defaults leave room for the edges of letters, which other
 /// versions of the font libraries smooth a little differently, and for nothing that has moved by a pixel over
 /// any length.
@@ -36,6 +45,10 @@ struct PictureTolerance {
   int distance = 32;
   /// The share of all pixels that may differ by more.
   double share = 0.002;
+  /// Where letters stand. Pixels in there are counted apart, so that the rest can be compared more strictly.
+  std::vector<PixelRect> lettering = {};
+  /// The share of the lettering's pixels that may differ by more.
+  double letteringShare = 0.05;
 };
 
 /// Compares the picture with the PNG file. When they differ, the assertion's message says where and by how
