@@ -42,6 +42,7 @@ int run(int argc, char** argv) {
   Invocation invocation;
   invocation.addOptionsTo(command);
   addCreateVerb(command, invocation);
+  addImportVerb(command, invocation);
   addLockscreenVerb(command, invocation);
   addCalendarsVerb(command, invocation);
   addHideVerbs(command, invocation);

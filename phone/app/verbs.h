@@ -6,6 +6,7 @@
 namespace phone {
 
 void addCreateVerb(CLI::App& command, const Invocation& invocation);
+void addImportVerb(CLI::App& command, const Invocation& invocation);
 void addLockscreenVerb(CLI::App& command, const Invocation& invocation);
 void addCalendarsVerb(CLI::App& command, const Invocation& invocation);
 void addHideVerbs(CLI::App& command, const Invocation& invocation);
