@@ -6,7 +6,7 @@
 
 #include "phone/eventkit/import.h"
 #include "phone/springboard/home_screen.h"
-#include "phone/springboard/sb_lock_screen_view.h"
+#include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 #include "phone/springboard/stock_icons.h"
 #include "tests/foundation/temporary_folder.h"
 #include "tests/pictures/scene.h"
@@ -104,7 +104,7 @@ std::vector<PixelRect> letteringOf(HomeScreen& homeScreen, const HostOptions& op
                      static_cast<int>(std::ceil((rect.size.width + 2) * scale)),
                      static_cast<int>(std::ceil((rect.size.height + 2) * scale))};
   };
-  const CGRect list = listFrame({options.screenWidth, options.screenHeight});
+  const CGRect list = listViewOf(homeScreen.listController())->frame();
   const double listBottom = list.origin.y + list.size.height;
   std::vector<PixelRect> lettering = {
       inPixels({{0, 0}, {options.screenWidth, list.origin.y}}),
