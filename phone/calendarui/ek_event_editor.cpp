@@ -69,11 +69,14 @@ void viewWillAppear(EKEventEditor* self, SEL selector, bool animated) {
 /// False when the database refused; `failure` (borrowed) then says why.
 bool carryOut(const EventEditorState& state, EditAction action, NSObject** failure) {
   auto* const event = static_cast<EKEvent*>(state.calendarItem.get());
+  // An editor is opened for the event that a name stands for. Of one that repeats that is the first
+  // occurrence, with all that follow.
+  constexpr EKEventStore::Span kWhole = EKEventStore::kFutureEvents;
   switch (action) {
     case EditAction::kSaved:
-      return state.store->saveEvent(event, EKEventStore::kThisEvent, failure);
+      return state.store->saveEvent(event, kWhole, failure);
     case EditAction::kDeleted:
-      return state.store->removeEvent(event, EKEventStore::kThisEvent, failure);
+      return state.store->removeEvent(event, kWhole, failure);
     case EditAction::kCancelled:
       break;
   }

@@ -96,6 +96,14 @@ std::int64_t changeTail(const EditContext& context, std::int64_t row, const Even
   return *added;
 }
 
+/// Whether nothing was edited. Such a save must leave the event alone: a revision of the phone's own would
+/// keep later imports out, and an occurrence would leave its series.
+bool isUnedited(const EventDraft& draft, const EventOccurrence& shown) {
+  return draft.calendar == shown.calendar && draft.title == shown.title &&
+         draft.location.value_or("") == shown.location.value_or("") && draft.isAllDay == shown.isAllDay &&
+         draft.start == shown.start && draft.end == shown.end;
+}
+
 }  // namespace
 
 EventOccurrence addEvent(const EditContext& context, const EventDraft& draft) {
@@ -114,6 +122,7 @@ EventOccurrence changeEvent(const EditContext& context, const EventOccurrence& o
                             const EventDraft& draft, EditSpan span) {
   Transaction transaction = context.database.beginChange();
   const EventRecord before = readEvent(context.database, occurrence.event);
+  if (isUnedited(draft, occurrence)) return occurrence;
   std::int64_t row = 0;
   if (!before.repeats() || (span == EditSpan::kFutureOccurrences && isFirst(before, occurrence))) {
     row = changeWhole(context, occurrence.event, before, draft);

@@ -31,6 +31,7 @@ class CalendarFixture : public testing::TestWithParam<const char*> {
     return event->eventIdentifier()->UTF8String();
   }
 
+  std::filesystem::path folder() const { return folder_.path(); }
   std::filesystem::path picture() const { return folder_.path() / "screen.png"; }
 
  private:

@@ -4,8 +4,11 @@
 
 #include <stdexcept>
 
+#include "phone/eventkit/import.h"
+#include "phone/eventkit/store_connection.h"
 #include "phone/uikit/ui_alert_view.h"
 #include "platform/eventkit/ek_calendar.h"
+#include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_date.h"
 #include "tests/calendarui/calendar_fixture.h"
 
@@ -16,6 +19,9 @@ class CalendarScreens : public CalendarFixture {
  protected:
   static std::string defaultCalendar(const CalendarProcess& calendar) {
     return calendar.store()->defaultCalendarForNewEvents()->title()->UTF8String();
+  }
+  static std::string defaultCalendarIdentifier(const CalendarProcess& calendar) {
+    return calendar.store()->defaultCalendarForNewEvents()->calendarIdentifier()->UTF8String();
   }
 };
 
@@ -93,6 +99,49 @@ TEST_P(CalendarScreens, comeBackWhenTheOneInFrontIsLeftOrItsEventIsDeleted) {
   calendar.goBack();
   EXPECT_EQ(calendar.frontView(), nullptr);
   EXPECT_THROW(calendar.editFrontEvent(), std::runtime_error);
+}
+
+/// A calendar file with an event that repeats on five days.
+std::string series(const std::string& title) {
+  return "BEGIN:VCALENDAR\nVERSION:2.0\nX-WR-CALNAME:Work\nBEGIN:VEVENT\nUID:standup\nSUMMARY:" + title +
+         "\nDTSTART;TZID=Europe/Berlin:20140303T090000\nDTEND;TZID=Europe/Berlin:20140303T091500\n"
+         "RRULE:FREQ=DAILY;COUNT=5\nEND:VEVENT\nEND:VCALENDAR\n";
+}
+
+/// The titles of all events of March 2014.
+std::vector<std::string> titlesOf(EKEventStore* store) {
+  constexpr double kMarch = 415'324'800.0;
+  const auto dateAt = [](double seconds) { return NSDate::dateWithTimeIntervalSinceReferenceDate(seconds); };
+  NSArray* const events = store->eventsMatchingPredicate(
+      store->predicateForEvents(dateAt(kMarch), dateAt(kMarch + 31 * 86'400.0), store->calendars()));
+  std::vector<std::string> titles;
+  for (NSUInteger i = 0; i < events->count(); ++i) {
+    titles.emplace_back(static_cast<EKEvent*>(events->objectAtIndex(i))->title()->UTF8String());
+  }
+  return titles;
+}
+
+TEST_P(CalendarScreens, treatARepeatingEventAsOne) {
+  auto calendar = boot();
+  const std::filesystem::path file = folder() / "work.ics";
+  writeBytes(file, series("Standup"));
+  importCalendars(sharedDatabaseForWriting(), {file});
+  const std::string identifier = defaultCalendarIdentifier(calendar) + ":standup";
+  EXPECT_NE(textOf(calendar.screenOf(calendar.openEvent(identifier))).find("repeats\n"), std::string::npos);
+
+  // Nothing was edited: no day leaves the series, and what the next import brings is newer.
+  EXPECT_TRUE(calendar.close(calendar.editFrontEvent(), EditAction::kSaved));
+  EXPECT_EQ(titlesOf(calendar.store()), std::vector<std::string>(5, "Standup"));
+  writeBytes(file, series("Stand-up"));
+  importCalendars(sharedDatabaseForWriting(), {file});
+  EXPECT_EQ(titlesOf(calendar.store()), std::vector<std::string>(5, "Stand-up"));
+
+  EKEventEditor* const editor = calendar.editFrontEvent();
+  calendar.enter(editor, {.title = "Coffee"});
+  EXPECT_TRUE(calendar.close(editor, EditAction::kSaved));
+  EXPECT_EQ(titlesOf(calendar.store()), std::vector<std::string>(5, "Coffee"));
+  EXPECT_TRUE(calendar.close(calendar.editFrontEvent(), EditAction::kDeleted));
+  EXPECT_TRUE(titlesOf(calendar.store()).empty());
 }
 
 TEST_P(CalendarScreens, keepTheEditorOpenWhenTheDatabaseRefuses) {

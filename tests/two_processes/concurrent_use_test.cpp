@@ -17,21 +17,23 @@ std::string flip(const SharedPhone& shared, const std::string& event) {
   return "flipped";
 }
 
-/// Loads the lock screen again and again. Every whole store hides the event of that title.
-std::string load(const SharedPhone& shared, const std::string& hidden) {
+/// Reads the store again and again, and the lock screen with it now and then. Every whole store hides the
+/// event of that title.
+std::string read(const SharedPhone& shared, const std::string& hidden) {
+  constexpr int kReadsPerLoad = 20;
   auto homeScreen = HomeScreen::boot(shared.options(), TAVIMO_LIBRARY);
   std::size_t rowsSeen = 0;
   for (int i = 0; i < kFlips; ++i) {
+    // The plug-in takes a torn store for an empty one; this reader throws.
+    if (shared.readStore().size() <= kOtherEntries) throw std::runtime_error("Entries were lost.");
+    if (i % kReadsPerLoad != 0) continue;
     homeScreen.load();
     for (const ListRow& row : homeScreen.rows()) {
       ++rowsSeen;
-      if (row.title == hidden)
-        throw std::runtime_error("A hidden event was shown at load " + std::to_string(i));
+      if (row.title == hidden) throw std::runtime_error("A hidden event was shown.");
     }
-    // The plug-in takes a torn store for an empty one; this reader throws.
-    if (shared.readStore().size() <= kOtherEntries) throw std::runtime_error("Entries were lost.");
   }
-  return rowsSeen > 0 ? "loaded" : "never saw an event";
+  return rowsSeen > 0 ? "read" : "never saw an event";
 }
 
 TEST(ConcurrentUse, neverTearsTheStore) {
@@ -45,8 +47,8 @@ TEST(ConcurrentUse, neverTearsTheStore) {
 
   ChildProcess firstWriter([&] { return flip(shared, first); });
   ChildProcess secondWriter([&] { return flip(shared, second); });
-  ChildProcess firstReader([&] { return load(shared, "Hidden"); });
-  ChildProcess secondReader([&] { return load(shared, "Hidden"); });
+  ChildProcess firstReader([&] { return read(shared, "Hidden"); });
+  ChildProcess secondReader([&] { return read(shared, "Hidden"); });
   for (ChildProcess* const writer : {&firstWriter, &secondWriter}) {
     const ChildResult result = writer->wait();
     EXPECT_TRUE(result.exitedClean);
@@ -55,7 +57,7 @@ TEST(ConcurrentUse, neverTearsTheStore) {
   for (ChildProcess* const reader : {&firstReader, &secondReader}) {
     const ChildResult result = reader->wait();
     EXPECT_TRUE(result.exitedClean);
-    EXPECT_EQ(result.output, "loaded");
+    EXPECT_EQ(result.output, "read");
   }
   // Of two writes that overlap the later one wins, so either writer's own entry may have come back.
   EXPECT_GE(shared.readStore().size(), kOtherEntries + 1);
