@@ -13,9 +13,7 @@ namespace {
 BBBulletin* bulletinBehind(NSObject* item) {
   if (objc::isOfClass(item, "BBBulletin")) return static_cast<BBBulletin*>(item);
   if (objc::isOfClass(item, "SBLockScreenNotificationBulletinBannerItem")) {
-    return static_cast<SBLockScreenNotificationBulletinBannerItem*>(item)
-        ->bulletinListItem()
-        ->activeBulletin();
+    return recordOf(static_cast<SBLockScreenNotificationBulletinBannerItem*>(item)->bulletinListItem());
   }
   if (debugMode) {
     NSLog(
