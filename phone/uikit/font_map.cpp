@@ -83,14 +83,25 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0"?>
 </fontconfig>
 )";
 
+bool hasSystemFont(FcConfig* configuration) {
+  const FcFontSet* const fonts = FcConfigGetFonts(configuration, FcSetSystem);
+  for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
+    FcChar8* family = nullptr;
+    FcPatternGetString(fonts->fonts[i], FC_FAMILY, 0, &family);
+    if (family != nullptr && FcStrCmp(family, reinterpret_cast<const FcChar8*>(kSystemFontFamily)) == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
 void useOwnConfiguration() {
   FcConfig* const configuration = FcConfigCreate();
   const auto* const text = reinterpret_cast<const FcChar8*>(kConfiguration);
   if (!FcConfigParseAndLoadFromMemory(configuration, text, FcTrue) || !FcConfigBuildFonts(configuration)) {
     throw std::runtime_error("the font configuration cannot be loaded");
   }
-  const FcFontSet* const fonts = FcConfigGetFonts(configuration, FcSetSystem);
-  if (fonts == nullptr || fonts->nfont == 0) {
+  if (!hasSystemFont(configuration)) {
     throw std::runtime_error("the phone's fonts are not installed; scripts/setup installs them");
   }
   // Pango starts the process-wide configuration even when it is given another one; so ours is that one.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <hb.h>
 #include <map>
 
 #include "phone/uikit/font_map.h"
@@ -84,10 +85,13 @@ TypeFace::TypeFace(FontWeight weight, double points)
   pango_font_description_set_weight(description_, static_cast<PangoWeight>(weight));
   pango_font_description_set_absolute_size(description_, shapedPoints_ * PANGO_SCALE);
   if (!(shapedPoints_ > 0)) return;
-  PangoFontMetrics* const metrics = pango_context_get_metrics(measuringContext(), description_, nullptr);
-  ascent_ = ratio_ * pango_font_metrics_get_ascent(metrics) / PANGO_SCALE;
-  descent_ = ratio_ * pango_font_metrics_get_descent(metrics) / PANGO_SCALE;
-  pango_font_metrics_unref(metrics);
+  // From the font itself: Pango's own metrics load and measure every font that a sample text needs.
+  PangoFont* const font = pango_context_load_font(measuringContext(), description_);
+  hb_font_extents_t extents{};
+  hb_font_get_h_extents(pango_font_get_hb_font(font), &extents);
+  g_object_unref(font);
+  ascent_ = ratio_ * extents.ascender / PANGO_SCALE;
+  descent_ = ratio_ * -extents.descender / PANGO_SCALE;
 }
 
 TypeFace::~TypeFace() {
@@ -99,10 +103,19 @@ double TypeFace::lineHeight() const { return std::ceil(ascent_ + descent_); }
 
 CGSize TypeFace::measure(NSString* text) {
   if (!(shapedPoints_ > 0) || text->length() == 0) return {};
+  return {std::ceil(widthOf(layoutText(text, kMostMeasuredUnits))), lineHeight()};
+}
+
+double TypeFace::widthOf(const std::string& utf8) {
+  constexpr std::size_t kMostKept = 256;
+  constexpr std::size_t kMostBytes = 256;
+  if (const auto known = widths_.find(utf8); known != widths_.end()) return known->second;
   if (layout_ == nullptr) layout_ = makeLayout(measuringContext(), description_);
-  const std::string& utf8 = layoutText(text, kMostMeasuredUnits);
   pango_layout_set_text(layout_, utf8.data(), static_cast<int>(utf8.size()));
-  return {std::ceil(ratio_ * lineWidth(pango_layout_get_line_readonly(layout_, 0))), lineHeight()};
+  const double width = ratio_ * lineWidth(pango_layout_get_line_readonly(layout_, 0));
+  if (widths_.size() >= kMostKept) widths_.clear();
+  if (utf8.size() <= kMostBytes) widths_.emplace(utf8, width);
+  return width;
 }
 
 void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment alignment,

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <pango/pangocairo.h>
+#include <string>
+#include <unordered_map>
 
 #include "phone/uikit/cg_color.h"
 #include "platform/coregraphics/cg_geometry.h"
@@ -48,6 +50,8 @@ class TypeFace {
   void draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment alignment, const Rgba& color);
 
  private:
+  double widthOf(const std::string& utf8);
+
   FontWeight weight_;
   double points_;
   /// The size that is shaped; the ratio to the size asked for, when that is beyond what can be.
@@ -58,6 +62,8 @@ class TypeFace {
   PangoFontDescription* description_;
   /// Kept between measurements.
   PangoLayout* layout_ = nullptr;
+  /// Widths in points of texts measured lately: a list measures the same few at every layout.
+  std::unordered_map<std::string, double> widths_;
 };
 
 }  // namespace phone
