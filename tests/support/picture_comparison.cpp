@@ -1,6 +1,7 @@
 #include "tests/support/picture_comparison.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <ostream>
@@ -23,7 +24,7 @@ Size sizeOf(const Surface& surface) {
 
 std::uint32_t* rowAt(const Surface& surface, int y) {
   return reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface.get()) +
-                                          y * cairo_image_surface_get_stride(surface.get()));
+                                          std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface.get()));
 }
 
 /// Red where the two pictures differ by more than the tolerance, the drawn picture faintly elsewhere.

@@ -14,7 +14,7 @@ namespace {
 class Canvas : public UIKitTest {
  protected:
   static Surface takeImage() {
-    const Surface surface = surfaceOf(UIGraphicsGetImageFromCurrentImageContext());
+    Surface surface = surfaceOf(UIGraphicsGetImageFromCurrentImageContext());
     UIGraphicsEndImageContext();
     return surface;
   }
