@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "phone/uikit/jpeg_decoder.h"
+#include "phone/uikit/picture_orientation.h"
 
 namespace phone {
 
@@ -63,12 +64,17 @@ Surface decodePng(Bytes bytes) {
   return surface;
 }
 
+Surface decodeUprightJpeg(Bytes bytes) {
+  const Surface surface = decodeJpeg(bytes);
+  return surface == nullptr ? nullptr : uprightPicture(surface, statedOrientation(bytes));
+}
+
 }  // namespace
 
 Surface loadImageFile(const std::filesystem::path& path) {
   const std::vector<unsigned char> bytes = readRegularFile(path);
   if (beginsWith(bytes, "\x89PNG\r\n\x1a\n")) return decodePng(bytes);
-  if (beginsWith(bytes, "\xff\xd8\xff")) return decodeJpeg(bytes);
+  if (beginsWith(bytes, "\xff\xd8\xff")) return decodeUprightJpeg(bytes);
   return nullptr;
 }
 

@@ -19,12 +19,20 @@ struct ErrorManager {
 
 void keepSilent(j_common_ptr) {}
 
+/// A picture may come in passes over all its pixels. Cameras write a dozen; a file of thousands is meant to
+/// keep its reader busy.
+void limitPasses(j_common_ptr decoder) {
+  constexpr int kMostPasses = 100;
+  if (reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number > kMostPasses) leave(decoder);
+}
+
 /// Fills the surface; false when the file is broken. Nothing with a destructor may live in here: the library
 /// leaves by a jump.
-bool decodeInto(jpeg_decompress_struct& decoder, ErrorManager& errors, std::span<const unsigned char> bytes,
-                Surface& surface) {
+bool decodeInto(jpeg_decompress_struct& decoder, ErrorManager& errors, jpeg_progress_mgr& progress,
+                std::span<const unsigned char> bytes, Surface& surface) {
   if (setjmp(errors.giveUp) != 0) return false;
   jpeg_create_decompress(&decoder);
+  decoder.progress = &progress;
   jpeg_mem_src(&decoder, bytes.data(), bytes.size());
   if (jpeg_read_header(&decoder, TRUE) != JPEG_HEADER_OK) return false;
   surface = makeSurface(decoder.image_width, decoder.image_height);
@@ -50,8 +58,10 @@ Surface decodeJpeg(std::span<const unsigned char> bytes) {
   decoder.err = jpeg_std_error(&errors.base);
   errors.base.error_exit = leave;
   errors.base.output_message = keepSilent;
+  jpeg_progress_mgr progress{};
+  progress.progress_monitor = limitPasses;
   Surface surface;
-  const bool isWhole = decodeInto(decoder, errors, bytes, surface);
+  const bool isWhole = decodeInto(decoder, errors, progress, bytes, surface);
   jpeg_destroy_decompress(&decoder);
   return isWhole ? surface : nullptr;
 }

@@ -42,7 +42,8 @@ class ImageFiles : private FolderFirst, public UIKitTest {
     return surface;
   }
 
-  void writeJpeg(const std::string& name, int components) const {
+  /// Sixteen by eight pixels, the upper left quarter darker; states the orientation unless that is 0.
+  void writeJpeg(const std::string& name, int components, int orientation = 0) const {
     std::FILE* const file = std::fopen(local(name).c_str(), "wb");
     jpeg_compress_struct encoder{};
     jpeg_error_mgr errors{};
@@ -56,11 +57,19 @@ class ImageFiles : private FolderFirst, public UIKitTest {
     jpeg_set_defaults(&encoder);
     jpeg_set_quality(&encoder, 100, TRUE);
     jpeg_start_compress(&encoder, TRUE);
-    std::vector<unsigned char> row;
-    for (int x = 0; x < 16; ++x) {
-      for (int component = 0; component < components; ++component) row.push_back(component == 2 ? 0 : 200);
+    if (orientation != 0) {
+      std::vector<unsigned char> marker = {'E', 'x',  'i', 'f', 0, 0, 'M', 'M', 0, 42, 0, 0, 0, 8, 0, 1,
+                                           1,   0x12, 0,   3,   0, 0, 0,   1,   0, 0,  0, 0, 0, 0, 0, 0};
+      marker[25] = static_cast<unsigned char>(orientation);
+      jpeg_write_marker(&encoder, JPEG_APP0 + 1, marker.data(), static_cast<unsigned>(marker.size()));
     }
     for (int y = 0; y < 8; ++y) {
+      std::vector<unsigned char> row;
+      for (int x = 0; x < 16; ++x) {
+        const unsigned char light = x < 8 && y < 4 ? 100 : 200;
+        for (int component = 0; component < components; ++component)
+          row.push_back(component == 2 ? 0 : light);
+      }
       JSAMPROW pixels = row.data();
       jpeg_write_scanlines(&encoder, &pixels, 1);
     }
@@ -95,9 +104,35 @@ TEST_F(ImageFiles, NameTellsThePixelsAPoint) {
 TEST_F(ImageFiles, JpegPicturesAreDecodedInColourAndGrey) {
   writeJpeg("colour.jpg", 3);
   writeJpeg("grey.jpg", 1);
-  EXPECT_LE(pixelDistance(pixelAt(surfaceOf(load("colour.jpg")), 8, 4), {200, 200, 0, 255}), 4);
+  EXPECT_LE(pixelDistance(pixelAt(surfaceOf(load("colour.jpg")), 13, 6), {200, 200, 0, 255}), 4);
   EXPECT_LE(pixelDistance(pixelAt(surfaceOf(load("grey.jpg")), 15, 7), {200, 200, 200, 255}), 4);
   EXPECT_EQ(load("grey.jpg")->size().width, 16);
+}
+
+TEST_F(ImageFiles, PhotographsStandUpright) {
+  // Where the corner of the stored picture comes to lie, by stated orientation.
+  const struct {
+    int orientation;
+    bool right;
+    bool bottom;
+    bool turned;
+  } rows[] = {{1, false, false, false}, {2, true, false, false}, {3, true, true, false},
+              {4, false, true, false},  {5, false, false, true}, {6, true, false, true},
+              {7, true, true, true},    {8, false, true, true},  {9, false, false, false}};
+  for (const auto& [orientation, right, bottom, turned] : rows) {
+    writeJpeg("photograph.jpg", 3, orientation);
+    const Surface picture = surfaceOf(load("photograph.jpg"));
+    const int width = cairo_image_surface_get_width(picture.get());
+    const int height = cairo_image_surface_get_height(picture.get());
+    EXPECT_EQ(width, turned ? 8 : 16) << orientation;
+    EXPECT_EQ(height, turned ? 16 : 8) << orientation;
+    for (const bool atRight : {false, true}) {
+      for (const bool atBottom : {false, true}) {
+        const int light = pixelAt(picture, atRight ? width - 2 : 1, atBottom ? height - 2 : 1).red;
+        EXPECT_NEAR(light, atRight == right && atBottom == bottom ? 100 : 200, 25) << orientation;
+      }
+    }
+  }
 }
 
 TEST_F(ImageFiles, WhatIsNoPictureGivesNone) {
