@@ -34,7 +34,7 @@ struct LineStyle {
 };
 constexpr LineStyle kTitle{FontWeight::kSemibold, 15, 1};
 constexpr LineStyle kDate{FontWeight::kRegular, 12, 0.55};
-constexpr LineStyle kSubtitle{FontWeight::kMedium, 14, 0.9};
+constexpr LineStyle kSubtitle{FontWeight::kRegular, 14, 0.9};
 constexpr LineStyle kMessage{FontWeight::kRegular, 14, 0.9};
 constexpr LineStyle kUnlockHint{FontWeight::kRegular, 12, 0.45};
 

@@ -33,14 +33,14 @@ void drawSky(cairo_t* canvas, double height) {
   fillWith(canvas, cairo_pattern_create_linear(0, 0, 0.2, height),
            {{0, 0.020, 0.035, 0.110},
             {0.30, 0.050, 0.075, 0.215},
-            {0.55, 0.105, 0.110, 0.300},
-            {0.72, 0.240, 0.160, 0.360},
-            {0.83, 0.560, 0.290, 0.390},
-            {1, 0.900, 0.520, 0.380}});
+            {0.60, 0.095, 0.105, 0.290},
+            {0.80, 0.180, 0.135, 0.330},
+            {0.90, 0.470, 0.250, 0.390},
+            {1, 0.800, 0.450, 0.380}});
   cairo_rectangle(canvas, 0, 0, 1, height);
-  const double glowY = height * 0.83;
-  fillWith(canvas, cairo_pattern_create_radial(0.66, glowY, 0.02, 0.66, glowY, 0.55),
-           {{0, 1, 0.72, 0.45, 0.75}, {0.35, 0.95, 0.48, 0.40, 0.28}, {1, 0.8, 0.35, 0.40, 0}});
+  const double glowY = height * 0.905;
+  fillWith(canvas, cairo_pattern_create_radial(0.66, glowY, 0.02, 0.66, glowY, 0.36),
+           {{0, 1, 0.70, 0.45, 0.80}, {0.3, 0.92, 0.46, 0.40, 0.30}, {1, 0.75, 0.33, 0.40, 0}});
 }
 
 /// A range of hills from edge to edge: three waves laid over one another.
@@ -57,14 +57,14 @@ void addHills(cairo_t* canvas, double height, double level, double roughness, do
 }
 
 void drawHills(cairo_t* canvas, double height) {
-  addHills(canvas, height, 0.815, 0.042, 0.6);
-  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.76, 0, height),
+  addHills(canvas, height, 0.888, 0.028, 0.6);
+  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.85, 0, height),
            {{0, 0.235, 0.150, 0.310}, {1, 0.420, 0.240, 0.360}});
-  addHills(canvas, height, 0.875, 0.034, 2.6);
-  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.83, 0, height),
-           {{0, 0.140, 0.100, 0.230}, {1, 0.240, 0.150, 0.280}});
-  addHills(canvas, height, 0.935, 0.026, 4.4);
+  addHills(canvas, height, 0.928, 0.022, 2.6);
   fillWith(canvas, cairo_pattern_create_linear(0, height * 0.90, 0, height),
+           {{0, 0.140, 0.100, 0.230}, {1, 0.240, 0.150, 0.280}});
+  addHills(canvas, height, 0.964, 0.016, 4.4);
+  fillWith(canvas, cairo_pattern_create_linear(0, height * 0.94, 0, height),
            {{0, 0.060, 0.045, 0.120}, {1, 0.035, 0.025, 0.080}});
 }
 
