@@ -60,7 +60,9 @@ DayFilter::DayFilter(const icalrecurrencetype& rule, Seconds wallStart)
 
 void DayFilter::takeLists(const icalrecurrencetype& rule) {
   forEachValue(rule.by_day, [this](short value) {
-    weekdays_ |= 1U << (icalrecurrencetype_day_day_of_week(value) - ICAL_SUNDAY_WEEKDAY);
+    const int weekday = icalrecurrencetype_day_day_of_week(value) - ICAL_SUNDAY_WEEKDAY;
+    weekdays_ |= 1U << weekday;
+    ordinals_.push_back({weekday, icalrecurrencetype_day_position(value)});
   });
   forEachValue(rule.by_month,
                [this](short value) { months_ |= 1U << icalrecurrencetype_month_month(value); });
@@ -72,6 +74,9 @@ void DayFilter::takeLists(const icalrecurrencetype& rule) {
 
 /// What the rule does not say, it takes from the day of the first occurrence.
 void DayFilter::takeFromStart(const icalrecurrencetype& rule, const cctz::civil_day& start) {
+  const bool countsInMonth = frequency_ == ICAL_MONTHLY_RECURRENCE ||
+                             (frequency_ == ICAL_YEARLY_RECURRENCE && months_ != 0 && yearIsKnown_);
+  if (!countsInMonth) ordinals_.clear();
   const bool namesDays = weekdays_ != 0 || monthDays_ != 0 || monthDaysFromEnd_ != 0 || !yearDays_.empty() ||
                          rule.by_week_no[0] != ICAL_RECURRENCE_ARRAY_MAX;
   if (namesDays) return;
@@ -80,6 +85,17 @@ void DayFilter::takeFromStart(const icalrecurrencetype& rule, const cctz::civil_
     monthDays_ = 1U << start.day();
   }
   if (frequency_ == ICAL_YEARLY_RECURRENCE && months_ == 0) months_ = 1U << start.month();
+}
+
+bool DayFilter::ordinalMatches(std::int64_t day, const cctz::civil_day& date) const {
+  if (ordinals_.empty()) return true;
+  const int weekday = weekdayOf(day);
+  const int fromStart = (date.day() - 1) / 7 + 1;
+  const int fromEnd = -((daysInMonth(date) - date.day()) / 7 + 1);
+  return std::any_of(ordinals_.begin(), ordinals_.end(), [&](const Ordinal& ordinal) {
+    return ordinal.weekday == weekday &&
+           (ordinal.position == 0 || ordinal.position == fromStart || ordinal.position == fromEnd);
+  });
 }
 
 bool DayFilter::intervalMatches(std::int64_t day, const cctz::civil_day& date) const {
@@ -118,7 +134,7 @@ bool DayFilter::mayFallOn(std::int64_t day) const {
       return false;
     }
   }
-  return intervalMatches(day, date);
+  return ordinalMatches(day, date) && intervalMatches(day, date);
 }
 
 std::int64_t DayFilter::firstWithin(std::int64_t first, std::int64_t last) const {

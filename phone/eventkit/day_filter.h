@@ -23,6 +23,7 @@ class DayFilter {
  private:
   void takeLists(const icalrecurrencetype& rule);
   void takeFromStart(const icalrecurrencetype& rule, const cctz::civil_day& start);
+  bool ordinalMatches(std::int64_t day, const cctz::civil_day& date) const;
   bool intervalMatches(std::int64_t day, const cctz::civil_day& date) const;
 
   bool open_ = false;  // Nothing is known about the rule; every day may do.
@@ -39,6 +40,12 @@ class DayFilter {
   std::uint32_t monthDays_ = 0;
   std::uint32_t monthDaysFromEnd_ = 0;
   std::vector<int> yearDays_;
+  /// Weekdays that are counted within the month, such as the last Friday; empty if there is none.
+  struct Ordinal {
+    int weekday;
+    int position;  // From 1, or from -1 backwards; 0: every one.
+  };
+  std::vector<Ordinal> ordinals_;
 };
 
 }  // namespace phone

@@ -111,8 +111,10 @@ void RecurrenceRule::appendStarts(Seconds from, Seconds to, std::vector<Seconds>
     appendSubdayOccurrences(rule_, wallStart_, from, to, limit, starts);
     return;
   }
-  const std::int64_t firstDay = DayFilter(rule_, wallStart_).firstWithin(dayOf(from), dayOf(to));
-  if (firstDay > dayOf(to)) return;
+  const DayFilter filter(rule_, wallStart_);
+  const std::int64_t lastDay = dayOf(to);
+  const std::int64_t firstDay = filter.firstWithin(dayOf(from), lastDay);
+  if (firstDay > lastDay) return;
   const OwnedIterator iterator(icalrecur_iterator_new(rule_, icalTime(wallStart_)));
   if (iterator == nullptr) return;
   const Seconds begin = std::max(wallStart_, firstDay * kSecondsPerDay);
@@ -123,7 +125,14 @@ void RecurrenceRule::appendStarts(Seconds from, Seconds to, std::vector<Seconds>
     const Seconds start = wallSeconds(next);
     if (start > to) return;
     if (start >= from) starts.push_back(start);
+    // libical works a whole year out to find that the next birthday lies beyond the range.
+    if (isOnceADay() && filter.firstWithin(dayOf(start) + 1, lastDay) > lastDay) return;
   }
+}
+
+bool RecurrenceRule::isOnceADay() const {
+  return rule_.by_hour[0] == ICAL_RECURRENCE_ARRAY_MAX && rule_.by_minute[0] == ICAL_RECURRENCE_ARRAY_MAX &&
+         rule_.by_second[0] == ICAL_RECURRENCE_ARRAY_MAX;
 }
 
 }  // namespace phone

@@ -46,6 +46,7 @@ class RecurrenceRule {
   RecurrenceRule(const icalrecurrencetype& rule, Seconds wallStart) : rule_(rule), wallStart_(wallStart) {}
 
   bool endCounted();
+  bool isOnceADay() const;
 
   icalrecurrencetype rule_;
   Seconds wallStart_;

@@ -95,6 +95,10 @@ void Connection::execute(const char* sql) {
   check(handle_.get(), sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr));
 }
 
+Snapshot::Snapshot(Connection& connection) : connection_(connection) { connection.execute("BEGIN"); }
+
+Snapshot::~Snapshot() { sqlite3_exec(connection_.handle(), "COMMIT", nullptr, nullptr, nullptr); }
+
 Transaction::Transaction(Connection& connection) : connection_(connection) {
   connection.execute("BEGIN IMMEDIATE");
 }

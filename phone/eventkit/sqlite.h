@@ -76,6 +76,18 @@ class Connection {
   std::unique_ptr<sqlite3, Close> handle_;
 };
 
+/// Everything read within the scope is of one moment. Also spares the file locks of each single statement.
+class Snapshot {
+ public:
+  explicit Snapshot(Connection& connection);
+  ~Snapshot();
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
 /// Everything between begin and commit happens whole or not at all; without a commit, not at all.
 class Transaction {
  public:

@@ -81,6 +81,7 @@ bool withDatabase(const std::function<void(CalendarDatabase&)>& work) {
   CalendarDatabase* const database = sharedDatabase();
   if (database == nullptr) return false;
   try {
+    const Snapshot snapshot(database->connection());
     work(*database);
     return true;
   } catch (const DatabaseError& error) {

@@ -16,8 +16,8 @@ CalendarDatabase* sharedDatabase();
 /// The connection, with the database made if there is none. Throws DatabaseError.
 CalendarDatabase& sharedDatabaseForWriting();
 
-/// Runs the work on the connection and gives true. A failure, or a missing database, gives false; the failure
-/// is kept for calendarStoreProblem().
+/// Runs the work, which must only read, on the connection and gives true. A failure, or a missing database,
+/// gives false; the failure is kept for calendarStoreProblem().
 bool withDatabase(const std::function<void(CalendarDatabase&)>& work);
 
 /// Keeps a failure for calendarStoreProblem().
