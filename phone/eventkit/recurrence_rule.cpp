@@ -4,6 +4,8 @@
 
 #include "phone/eventkit/day_filter.h"
 #include "phone/eventkit/ical_owned.h"
+#include "phone/eventkit/position_rule.h"
+#include "phone/eventkit/rule_iterator.h"
 #include "phone/eventkit/subday_rule.h"
 
 namespace phone {
@@ -59,13 +61,15 @@ bool RecurrenceRule::endCounted() {
     // The walk looks at every day on its own, so a rule that hardly ever fits is given up after a while.
     appendSubdayOccurrences(rule_, wallStart_, wallStart_,
                             wallStart_ + kDaysUntilDatesRepeat * kSecondsPerDay, wanted, starts);
+  } else if (choosesByPosition(rule_)) {
+    appendOccurrencesByPosition(rule_, wallStart_, wallStart_,
+                                wallStart_ + kDaysUntilDatesRepeat * kSecondsPerDay, wanted, starts);
   } else {
-    const OwnedIterator iterator(icalrecur_iterator_new(rule_, icalTime(wallStart_)));
-    if (iterator == nullptr) return false;
+    RuleIterator iterator(rule_, wallStart_, wallStart_);
     while (starts.size() < wanted) {
-      const icaltimetype next = icalrecur_iterator_next(iterator.get());
-      if (icaltime_is_null_time(next) != 0) break;
-      starts.push_back(wallSeconds(next));
+      const auto next = iterator.next();
+      if (!next) break;
+      starts.push_back(*next);
     }
   }
   // The start counts as the first occurrence, also where the rule itself leaves it out.
@@ -115,18 +119,17 @@ void RecurrenceRule::appendStarts(Seconds from, Seconds to, std::vector<Seconds>
   const std::int64_t lastDay = dayOf(to);
   const std::int64_t firstDay = filter.firstWithin(dayOf(from), lastDay);
   if (firstDay > lastDay) return;
-  const OwnedIterator iterator(icalrecur_iterator_new(rule_, icalTime(wallStart_)));
-  if (iterator == nullptr) return;
-  const Seconds begin = std::max(wallStart_, firstDay * kSecondsPerDay);
-  if (begin > wallStart_ && icalrecur_iterator_set_start(iterator.get(), icalTime(begin)) == 0) return;
+  if (choosesByPosition(rule_)) {
+    appendOccurrencesByPosition(rule_, wallStart_, from, to, limit, starts);
+    return;
+  }
+  RuleIterator iterator(rule_, wallStart_, std::max(wallStart_, firstDay * kSecondsPerDay));
   while (starts.size() < limit) {
-    const icaltimetype next = icalrecur_iterator_next(iterator.get());
-    if (icaltime_is_null_time(next) != 0) return;
-    const Seconds start = wallSeconds(next);
-    if (start > to) return;
-    if (start >= from) starts.push_back(start);
+    const auto start = iterator.next();
+    if (!start || *start > to) return;
+    if (*start >= from) starts.push_back(*start);
     // libical works a whole year out to find that the next birthday lies beyond the range.
-    if (isOnceADay() && filter.firstWithin(dayOf(start) + 1, lastDay) > lastDay) return;
+    if (isOnceADay() && filter.firstWithin(dayOf(*start) + 1, lastDay) > lastDay) return;
   }
 }
 

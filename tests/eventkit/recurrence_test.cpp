@@ -109,7 +109,11 @@ TEST(RecurrenceTest, WhatTheLibraryMakesNothingOfWorksAllTheSame) {
     const char* next;
   } rules[] = {{"FREQ=YEARLY;BYWEEKNO=7", "2024-02-14 10:00:00"},
                {"FREQ=HOURLY;INTERVAL=14;BYMONTHDAY=-1", "2024-02-29 00:00:00"},
-               {"FREQ=HOURLY;INTERVAL=3;BYHOUR=4", "2024-02-01 04:00:00"}};
+               {"FREQ=HOURLY;INTERVAL=3;BYHOUR=4", "2024-02-01 04:00:00"},
+               {"FREQ=WEEKLY;BYDAY=MO,WE,FR;BYSETPOS=-1", "2024-02-02 10:00:00"},
+               {"FREQ=WEEKLY;INTERVAL=2;BYDAY=MO,WE,FR;BYSETPOS=1", "2024-02-12 10:00:00"},
+               {"FREQ=DAILY;INTERVAL=2;BYHOUR=8,12,20;BYSETPOS=-2", "2024-02-02 12:00:00"},
+               {"FREQ=DAILY;BYHOUR=8,12,20;BYSETPOS=1;COUNT=3", "2024-02-01 08:00:00"}};
   for (const auto& rule : rules) {
     const auto read = RecurrenceRule::fromFile(icalrecurrencetype_from_string(rule.rule), start, nullptr);
     ASSERT_TRUE(read) << rule.rule;
