@@ -15,14 +15,36 @@ namespace {
 constexpr int kCouldNotDoIt = 1;
 constexpr int kWrongUse = 2;
 
+/// The verb as far as it was understood, such as `settings set` of `phone settings set`.
+const CLI::App* innermostVerb(const CLI::App* command) {
+  while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+  return command;
+}
+
 /// "phone settings set", as far as the verbs were understood.
 std::string spokenSoFar(const CLI::App* command) {
-  std::string words = command->get_name();
-  while (!command->get_subcommands().empty()) {
-    command = command->get_subcommands().front();
-    words += " " + command->get_name();
+  std::string words;
+  for (const CLI::App* verb = innermostVerb(command); verb != nullptr; verb = verb->get_parent()) {
+    words = verb->get_name() + (words.empty() ? "" : " " + words);
   }
   return words;
+}
+
+/// What there is to say instead of the parser's own words for a verb that is missing or unknown.
+std::string missingVerb(const CLI::App& command) {
+  std::string verbs;
+  for (const CLI::App* verb : innermostVerb(&command)->get_subcommands({})) {
+    verbs += (verbs.empty() ? "" : ", ") + verb->get_name();
+  }
+  const std::vector<std::string> unknown = command.remaining(true);
+  const std::string problem =
+      unknown.empty() ? "say what to do" : "there is no \"" + unknown.front() + "\" here";
+  return problem + "; choose one of " + verbs;
+}
+
+std::string reasonOf(const CLI::App& command, const CLI::ParseError& error) {
+  const bool needsVerb = !innermostVerb(&command)->get_subcommands({}).empty();
+  return needsVerb && error.get_name() == "RequiredError" ? missingVerb(command) : error.what();
 }
 
 int refuse(const CLI::App& command, const std::string& reason) {
@@ -54,7 +76,7 @@ int run(int argc, char** argv) {
   } catch (const CLI::Success& help) {
     return command.exit(help);
   } catch (const CLI::ParseError& error) {
-    return refuse(command, error.what());
+    return refuse(command, reasonOf(command, error));
   } catch (const WrongUse& error) {
     return refuse(command, error.what());
   } catch (const std::exception& error) {

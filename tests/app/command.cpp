@@ -1,0 +1,90 @@
+#include "tests/app/command.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace phone {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void redirect(int descriptor, const fs::path& file) {
+  const int opened = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  if (opened < 0 || dup2(opened, descriptor) < 0) _exit(127);
+}
+
+[[noreturn]] void becomeProgram(const fs::path& folder, const fs::path& streams,
+                                std::vector<std::string> words,
+                                const std::map<std::string, std::string>& environment) {
+  redirect(STDOUT_FILENO, streams / "out");
+  redirect(STDERR_FILENO, streams / "err");
+  if (chdir(folder.c_str()) != 0) _exit(127);
+  setenv("TZ", "Europe/Berlin", 1);
+  unsetenv("TAVIMO_PHONE");
+  unsetenv("TAVIMO_PLUGIN");
+  const std::string path = fs::path(TAVIMO_PHONE_COMMAND).parent_path().string() + ":" + std::getenv("PATH");
+  setenv("PATH", path.c_str(), 1);
+  for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  execvp(pointers.front(), pointers.data());
+  _exit(127);
+}
+
+fs::path newFolder() {
+  std::string name = (fs::temp_directory_path() / "phone-command-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder can be made");
+  return name;
+}
+
+CommandResult runProgram(const fs::path& folder, const std::vector<std::string>& words,
+                         const std::map<std::string, std::string>& environment) {
+  const fs::path streams = newFolder();
+  const pid_t child = fork();
+  if (child == 0) becomeProgram(folder, streams, words, environment);
+  int status = 0;
+  waitpid(child, &status, 0);
+  CommandResult result{.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+                       .output = contentOf(streams / "out"),
+                       .errors = contentOf(streams / "err")};
+  fs::remove_all(streams);
+  return result;
+}
+
+}  // namespace
+
+Workplace::Workplace() : folder_(newFolder()) {}
+
+Workplace::~Workplace() { fs::remove_all(folder_); }
+
+CommandResult Workplace::phone(const std::vector<std::string>& arguments,
+                               const std::map<std::string, std::string>& environment) const {
+  std::vector<std::string> words{TAVIMO_PHONE_COMMAND};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return runProgram(folder_, words, environment);
+}
+
+CommandResult Workplace::shell(const std::string& commandLine,
+                               const std::map<std::string, std::string>& environment) const {
+  return runProgram(folder_, {"bash", "-euo", "pipefail", "-c", commandLine}, environment);
+}
+
+std::string Workplace::output(const std::vector<std::string>& arguments) const {
+  const CommandResult result = phone(arguments);
+  EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(arguments) << "\n" << result.errors;
+  return result.output;
+}
+
+}  // namespace phone
