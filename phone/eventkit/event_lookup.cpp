@@ -39,7 +39,8 @@ std::vector<NamedEvent> eventsNamed(CalendarDatabase& database, const std::strin
     return {namedEvent(calendars, *event)};
   }
   Statement& query = database.prepared(
-      "SELECT min(id) FROM event WHERE uid = ?1 OR title = ?1 COLLATE NOCASE GROUP BY calendar, uid "
+      "SELECT min(id) FROM event WHERE (uid = ?1 OR title = ?1 COLLATE NOCASE) AND cancelled = 0 "
+      "GROUP BY calendar, uid "
       "ORDER BY min(start), calendar, uid");
   std::vector<std::int64_t> rows;
   {
@@ -48,6 +49,7 @@ std::vector<NamedEvent> eventsNamed(CalendarDatabase& database, const std::strin
     while (query.step()) rows.push_back(query.integer(0));
   }
   std::vector<NamedEvent> events;
+  events.reserve(rows.size());
   for (const std::int64_t row : rows) {
     events.push_back(namedEvent(calendars, firstOccurrence(database, row, phoneZone)));
   }

@@ -6,9 +6,9 @@ namespace phone {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 256 * 1024;
+constexpr std::size_t kBufferSize = 256UL * 1024;
 /// Longer lines are no calendar's, and one without an end must not fill the memory.
-constexpr std::size_t kLongestLine = 64 * 1024 * 1024;
+constexpr std::size_t kLongestLine = 64UL * 1024 * 1024;
 
 std::string describe(const std::filesystem::path& file, std::size_t line, const std::string& reason) {
   return file.string() + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + reason;

@@ -22,7 +22,7 @@ constexpr std::string_view kZoneProperties[] = {"DTSTART", "RDATE",        "RRUL
                                                 "TZNAME",  "TZOFFSETFROM", "TZOFFSETTO", "X-LIC-LOCATION"};
 
 /// A zone of more than this is no zone, but an attempt to keep the phone busy.
-constexpr std::size_t kLargestZone = 64 * 1024;
+constexpr std::size_t kLargestZone = 64UL * 1024;
 
 std::string upperCase(std::string_view text) {
   std::string upper(text);

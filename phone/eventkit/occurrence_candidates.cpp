@@ -12,7 +12,7 @@ namespace {
 
 /// The wall times that a clock in the zone can show during the range. Clocks go back by three hours at most.
 TimeRange wallRange(const EventZone& zone, TimeRange range) {
-  constexpr Seconds kLargestStepBack = 3 * 3600;
+  constexpr Seconds kLargestStepBack = 3L * 3600;
   return {std::min(zone.toWall(range.start), zone.toWall(range.start + kLargestStepBack) - kLargestStepBack),
           std::max(zone.toWall(range.end), zone.toWall(range.end - kLargestStepBack) + kLargestStepBack)};
 }

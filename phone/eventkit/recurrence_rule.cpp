@@ -13,7 +13,7 @@ namespace phone {
 namespace {
 
 /// Every combination of date and weekday comes round in this time, except for the rarest leap years.
-constexpr std::int64_t kDaysUntilDatesRepeat = 28 * 366;
+constexpr std::int64_t kDaysUntilDatesRepeat = 28L * 366;
 
 /// The wall time of the rule's last moment. Files write it as an instant, as a wall time or as a whole day.
 Seconds wallUntil(const icaltimetype& until, const EventZone* zone) {

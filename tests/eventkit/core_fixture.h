@@ -41,7 +41,7 @@ class CoreTest : public testing::Test {
 
   /// Writes a file below the test's folder and gives its path.
   std::filesystem::path write(const std::string& name, const std::string& content) {
-    const std::filesystem::path file = folder_ / name;
+    std::filesystem::path file = folder_ / name;
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
     return file;

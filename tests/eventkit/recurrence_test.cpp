@@ -83,7 +83,7 @@ TEST(RecurrenceTest, ASearchFindsWhatAWalkFinds) {
                                    "FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=29",
                                    "FREQ=YEARLY;INTERVAL=4;BYMONTH=11;BYDAY=TU;BYMONTHDAY=2,3,4,5,6,7,8"}) {
       const Seconds begin = parseTime(start);
-      compareWindows(rule, begin, begin + 9 * 365 * kSecondsPerDay, 40 * 3600, 23 * kSecondsPerDay + 5000);
+      compareWindows(rule, begin, begin + 9L * 365 * kSecondsPerDay, 40L * 3600, 23 * kSecondsPerDay + 5000);
     }
   }
 }
@@ -97,7 +97,7 @@ TEST(RecurrenceTest, RulesWithinADayAreStillTheLibrarysRules) {
           "FREQ=MINUTELY;BYSECOND=5,50;INTERVAL=600", "FREQ=SECONDLY;INTERVAL=10000",
           "FREQ=SECONDLY;INTERVAL=3700;BYDAY=SA,SU"}) {
       const Seconds begin = parseTime(start);
-      compareWindows(rule, begin, begin + 62 * kSecondsPerDay, 9 * 3600, 2 * kSecondsPerDay + 5000);
+      compareWindows(rule, begin, begin + 62 * kSecondsPerDay, 9L * 3600, 2 * kSecondsPerDay + 5000);
     }
   }
 }
