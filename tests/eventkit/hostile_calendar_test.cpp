@@ -1,5 +1,6 @@
 // Calendars that were written to keep a phone busy: searches stay quick and complete within their limits.
-#include <chrono>
+#include <ctime>
+#include <map>
 
 #include "phone/eventkit/event_query.h"
 #include "phone/eventkit/import.h"
@@ -12,11 +13,11 @@ namespace {
 class HostileCalendarTest : public CoreTest {
  protected:
   std::size_t count(const std::string& from, const std::string& to) {
-    const auto begin = std::chrono::steady_clock::now();
+    const std::clock_t begin = std::clock();
     const auto found =
         occurrencesInRange(database(), {parseTime(from), parseTime(to)}, {1}, EventZone::utc()).size();
-    // Far above what it takes, far below what walking through the rule would take.
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    // Processor time: far above what it takes, far below what walking through the rules would take.
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 5);
     return found;
   }
 };
