@@ -146,9 +146,13 @@ CalendarScreen CalendarProcess::screenOf(UIViewController* controller) const {
   return describe(barOf(controller), rowsOf(controller));
 }
 
-void CalendarProcess::draw(UIViewController* controller, const std::filesystem::path& png) const {
+Surface CalendarProcess::pictureOf(UIViewController* controller) const {
   const AutoreleasePool pool;
-  drawScreen(barOf(controller), rowsOf(controller), png);
+  return drawScreen(barOf(controller), rowsOf(controller));
+}
+
+void CalendarProcess::draw(UIViewController* controller, const std::filesystem::path& png) const {
+  writePng(pictureOf(controller), png);
 }
 
 void CalendarProcess::setSwitch(UIViewController* controller, const std::string& row, bool on) {

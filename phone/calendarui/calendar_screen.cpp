@@ -39,12 +39,19 @@ UIColor* textColor() { return color(0, 0, 0); }
 /// Puts the parts of a screen below one another.
 class Sheet {
  public:
-  explicit Sheet(double width) : width_(width), view_(makeView<UIView, "UIView">()) {
+  Sheet(const ScreenBar& bar, const ItemTable& table)
+      : width_(hostOptions().screenWidth), view_(makeView<UIView, "UIView">()) {
     setBackground(view_.get(), backdropColor());
+    addBar(bar);
+    for (const auto& cells : table.groups) addGroup(cells);
+    if (!bar.deleteButton.empty()) addDeleteButton(bar.deleteButton);
+    view_->setFrame({{0, 0}, {width_, std::max(bottom_ + kGroupGap, hostOptions().screenHeight)}});
+    objc::send<"layoutIfNeeded">(view_.get());
   }
 
   UIView* view() const { return view_.get(); }
 
+ private:
   void addBar(const ScreenBar& bar) {
     addBlock({{0, 0}, {width_, kBarHeight}}, barColor());
     addLine(0, kBarHeight);
@@ -81,11 +88,6 @@ class Sheet {
     addLine(0, bottom_);
   }
 
-  void finish(double minimumHeight) {
-    view_->setFrame({{0, 0}, {width_, std::max(bottom_ + kGroupGap, minimumHeight)}});
-  }
-
- private:
   static void setBackground(UIView* view, UIColor* color) { objc::send<"setBackgroundColor:">(view, color); }
 
   void beginGroup() {
@@ -133,6 +135,7 @@ class Sheet {
 }  // namespace
 
 CalendarScreen describe(const ScreenBar& bar, const ItemTable& table) {
+  const Sheet sheet(bar, table);
   CalendarScreen screen{.bar = bar, .groups = {}};
   for (const auto& cells : table.groups) {
     auto& rows = screen.groups.emplace_back();
@@ -141,16 +144,10 @@ CalendarScreen describe(const ScreenBar& bar, const ItemTable& table) {
   return screen;
 }
 
-void drawScreen(const ScreenBar& bar, const ItemTable& table, const std::filesystem::path& png) {
-  const HostOptions& options = hostOptions();
-  Sheet sheet(options.screenWidth);
-  sheet.addBar(bar);
-  for (const auto& cells : table.groups) sheet.addGroup(cells);
-  if (!bar.deleteButton.empty()) sheet.addDeleteButton(bar.deleteButton);
-  sheet.finish(options.screenHeight);
-  const Surface picture = pictureOfView(sheet.view(), options.screenScale);
+Surface drawScreen(const ScreenBar& bar, const ItemTable& table) {
+  const Surface picture = pictureOfView(Sheet(bar, table).view(), hostOptions().screenScale);
   if (picture == nullptr) throw std::runtime_error("The screen is too large to be drawn.");
-  writePng(picture, png);
+  return picture;
 }
 
 }  // namespace phone

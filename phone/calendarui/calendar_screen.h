@@ -1,11 +1,11 @@
 // A calendar screen as its user sees it: bar and rows, as data and as a picture.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "phone/calendarui/item_table.h"
+#include "phone/uikit/surface.h"
 
 namespace phone {
 
@@ -22,11 +22,11 @@ struct CalendarScreen {
   std::vector<std::vector<Row>> groups;
 };
 
-/// The screen's texts and switch states.
+/// The screen's texts and switches, laid out at the width of the phone's screen and as long as the rows need.
 CalendarScreen describe(const ScreenBar& bar, const ItemTable& table);
 
-/// Lays the screen out at the width and scale of the phone's screen, as long as its rows need (at least the
-/// screen's height), and writes the picture as a PNG file. Throws std::runtime_error when it cannot.
-void drawScreen(const ScreenBar& bar, const ItemTable& table, const std::filesystem::path& png);
+/// The same as a picture, at least as high as the phone's screen and at its scale. Throws std::runtime_error
+/// when it would be too large.
+Surface drawScreen(const ScreenBar& bar, const ItemTable& table);
 
 }  // namespace phone

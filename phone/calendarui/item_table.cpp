@@ -26,6 +26,16 @@ UISwitch* switchBelow(UIView* view) {
   return nullptr;
 }
 
+/// The view's rectangle in the coordinates of a view that holds it at some depth.
+CGRect frameIn(UIView* ancestor, UIView* view) {
+  CGRect frame = view->frame();
+  for (UIView* above = view->superview(); above != nullptr && above != ancestor; above = above->superview()) {
+    const CGPoint origin = above->frame().origin;
+    frame.origin = {frame.origin.x + origin.x, frame.origin.y + origin.y};
+  }
+  return frame;
+}
+
 std::string textOf(UILabel* label) {
   const char* const text = label->text()->UTF8String();
   return text == nullptr ? "" : text;
@@ -49,8 +59,12 @@ void ItemTable::load(const std::vector<std::vector<NSObject*>>& items) {
 }
 
 Row rowOf(UITableViewCell* cell) {
-  Row row{.text = textOf(cell->textLabel()), .detail = textOf(cell->detailTextLabel()), .switchOn = {}};
-  if (UISwitch* const found = switchIn(cell)) row.switchOn = found->isOn();
+  Row row{
+      .text = textOf(cell->textLabel()), .detail = textOf(cell->detailTextLabel()), .frame = cell->frame()};
+  if (UISwitch* const found = switchIn(cell)) {
+    row.switchOn = found->isOn();
+    row.switchFrame = frameIn(cell->superview(), found);
+  }
   return row;
 }
 

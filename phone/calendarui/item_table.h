@@ -19,12 +19,14 @@ struct ItemTable {
   void load(const std::vector<std::vector<NSObject*>>& items);
 };
 
-/// A row as it stands on the screen.
+/// A row as it stands on the screen. Rectangles are in points, in the cell's superview.
 struct Row {
-  std::string text;
-  std::string detail;
-  /// None for a row without a switch.
-  std::optional<bool> switchOn;
+  std::string text = {};
+  std::string detail = {};
+  CGRect frame = {};
+  /// None for a row without a switch, as is its place.
+  std::optional<bool> switchOn = std::nullopt;
+  std::optional<CGRect> switchFrame = std::nullopt;
 };
 
 /// What the cell shows.

@@ -1,47 +1,24 @@
 // Lock screens against their reference pictures, and their layout against the numbers kept beside them.
-#include <cmath>
-#include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
 
-#include "phone/eventkit/import.h"
 #include "phone/springboard/home_screen.h"
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 #include "phone/springboard/stock_icons.h"
 #include "tests/foundation/temporary_folder.h"
+#include "tests/pictures/calendar_scene.h"
+#include "tests/pictures/reference.h"
 #include "tests/pictures/scene.h"
-#include "tests/support/picture_comparison.h"
 
 namespace phone {
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kPictures = fs::path(TAVIMO_SOURCE_DIR) / "tests/pictures";
-
-bool isWriting() { return std::getenv("TAVIMO_WRITE_PICTURES") != nullptr; }
-
-/// Compares the text with the file's, or writes it when references are being refreshed.
-void expectText(const std::string& drawn, const fs::path& reference) {
-  if (isWriting()) {
-    writeBytes(reference, drawn);
-    return;
-  }
-  EXPECT_EQ(drawn, bytesOf(reference)) << "in " << reference;
-}
-
 std::string settingElement(const std::string& value) {
   if (value == "on") return "<true/>";
   if (value == "off") return "<false/>";
   const bool isNumber = value.find_first_not_of("0123456789") == std::string::npos;
   return isNumber ? "<integer>" + value + "</integer>" : "<string>" + value + "</string>";
-}
-
-void writePreferences(const fs::path& root, const char* name, const std::string& entries) {
-  const fs::path folder = root / "var/mobile/Library/Preferences";
-  fs::create_directories(folder);
-  writeBytes(folder / name,
-             "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + entries + "</dict></plist>");
 }
 
 void writeSettings(const fs::path& root, const Scene& scene) {
@@ -52,25 +29,6 @@ void writeSettings(const fs::path& root, const Scene& scene) {
   writePreferences(root, "org.quenmark.tavimoprefs.plist", entries);
   // Without the Calendar app's preferences no calendar counts as shown.
   writePreferences(root, "com.apple.mobilecal.plist", "");
-}
-
-void importInto(const fs::path& root, const Scene& scene) {
-  CalendarDatabase database(root / (kCalendarDatabasePath + 1), OpenMode::kCreate);
-  std::vector<fs::path> files;
-  for (const char* const calendar : scene.calendars) files.push_back(kPictures / "calendars" / calendar);
-  importCalendars(database, files);
-}
-
-/// A number of points, as exact as text measuring gives it.
-std::string points(double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.6g", value);
-  return text;
-}
-
-std::string rectText(const CGRect& rect) {
-  return points(rect.origin.x) + "," + points(rect.origin.y) + " " + points(rect.size.width) + "x" +
-         points(rect.size.height);
 }
 
 std::string beginningOf(const std::string& title) {
@@ -90,20 +48,14 @@ std::string layoutText(HomeScreen& homeScreen) {
     const CellLayout& cell = *row.cell;
     text += "  title " + rectText(cell.title) + "\n  date \"" + cell.dateText + "\" " + rectText(cell.date) +
             "\n  subtitle " + rectText(cell.subtitle) + "\n  icon " + rectText(cell.icon) + "\n  alpha " +
-            points(cell.contentAlpha) + (cell.drawsSeparator ? "" : ", no separator") + "\n";
+            pointsText(cell.contentAlpha) + (cell.drawsSeparator ? "" : ", no separator") + "\n";
   }
   return text;
 }
 
 /// Where letters stand: clock, day and hint, and the lines of the rows that are in sight.
 std::vector<PixelRect> letteringOf(HomeScreen& homeScreen, const HostOptions& options) {
-  const auto inPixels = [&](CGRect rect) {
-    const double scale = options.screenScale;
-    return PixelRect{static_cast<int>(std::floor((rect.origin.x - 1) * scale)),
-                     static_cast<int>(std::floor((rect.origin.y - 1) * scale)),
-                     static_cast<int>(std::ceil((rect.size.width + 2) * scale)),
-                     static_cast<int>(std::ceil((rect.size.height + 2) * scale))};
-  };
+  const auto inPixels = [&](CGRect rect) { return pixelsAround(rect, options.screenScale); };
   const CGRect list = listViewOf(homeScreen.listController())->frame();
   const double listBottom = list.origin.y + list.size.height;
   std::vector<PixelRect> lettering = {
@@ -127,7 +79,7 @@ TEST_P(LockScreenPicture, IsAsItWas) {
   const TemporaryFolder folder;
   installStockIcons(folder.path());
   writeSettings(folder.path(), scene);
-  importInto(folder.path(), scene);
+  importInto(folder.path(), scene.calendars);
   const HostOptions options{
       .root = folder.path(), .release = scene.release, .now = kSceneSeconds, .timeZone = kSceneTimeZone};
   auto homeScreen = HomeScreen::boot(options, TAVIMO_LIBRARY);
@@ -136,12 +88,12 @@ TEST_P(LockScreenPicture, IsAsItWas) {
   }
   homeScreen.load();
   if (scene.scrolledTo > 0) homeScreen.scrollTo(scene.scrolledTo);
-  expectText(layoutText(homeScreen), kPictures / "lock_screen" / (std::string(scene.name) + ".txt"));
+  const fs::path reference = referenceFolder("lock_screen") / scene.name;
+  expectText(layoutText(homeScreen), reference.string() + ".txt");
   // Everything but letters is drawn by Cairo alone: at most the smoothed edges of a few icons may differ.
   const PictureTolerance tolerance{
       .distance = 32, .share = 0.0001, .lettering = letteringOf(homeScreen, options)};
-  EXPECT_TRUE(matchesPicture(homeScreen.picture(),
-                             kPictures / "lock_screen" / (std::string(scene.name) + ".png"), tolerance));
+  EXPECT_TRUE(matchesPicture(homeScreen.picture(), reference.string() + ".png", tolerance));
 }
 
 std::string sceneName(const testing::TestParamInfo<Scene>& scene) {
@@ -153,7 +105,9 @@ std::string sceneName(const testing::TestParamInfo<Scene>& scene) {
 INSTANTIATE_TEST_SUITE_P(Gallery, LockScreenPicture, testing::ValuesIn(scenes().begin(), scenes().end()),
                          sceneName);
 
-TEST(Gallery, ShowsEveryScene) { expectText(galleryPage(), fs::path(TAVIMO_SOURCE_DIR) / "docs/gallery.md"); }
+TEST(Gallery, ShowsEveryScene) {
+  expectText(galleryPage() + calendarGallery(), fs::path(TAVIMO_SOURCE_DIR) / "docs/gallery.md");
+}
 
 }  // namespace
 }  // namespace phone
