@@ -31,7 +31,9 @@ inline std::map<std::string, IMP>& watchedMethods() {
 template <typename Value>
 std::string describe(Value value) {
   std::ostringstream line;
-  if constexpr (std::is_pointer_v<Value> && std::is_class_v<std::remove_pointer_t<Value>>) {
+  if constexpr (std::is_same_v<Value, SEL>) {
+    line << sel_getName(value);
+  } else if constexpr (std::is_pointer_v<Value> && std::is_class_v<std::remove_pointer_t<Value>>) {
     line << (value == nullptr ? "none" : utf8(objc::send<"description", NSString*>(value)));
   } else if constexpr (std::is_same_v<Value, CGRect>) {
     line << utf8(NSStringFromCGRect(value));
