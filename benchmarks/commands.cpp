@@ -36,7 +36,7 @@ struct Phone {
 };
 
 Phone makePhone(const std::filesystem::path& folder, const std::string& name, int events) {
-  const Phone phone{folder / name, folder / (name + ".ics")};
+  Phone phone{folder / name, folder / (name + ".ics")};
   benchmarks::writeCalendarFile(phone.calendar, events);
   phone.makeAnew();
   return phone;

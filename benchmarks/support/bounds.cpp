@@ -47,7 +47,7 @@ std::string takeJsonPath(int& argc, char** argv) {
   constexpr std::string_view kFlag = "--bounds-json=";
   for (int i = 1; i < argc; ++i) {
     if (!std::string_view(argv[i]).starts_with(kFlag)) continue;
-    const std::string path = argv[i] + kFlag.size();
+    std::string path = argv[i] + kFlag.size();
     std::move(argv + i + 1, argv + argc, argv + i);
     --argc;
     return path;

@@ -19,7 +19,7 @@ std::string addCalendar(const std::string& name, int inRange, int others) {
   const std::optional<phone::EventZone> zone = phone::EventZone::utc();
   const std::int64_t zoneRow = database.rowOf(zone);
   const auto now = static_cast<phone::Seconds>(kNow);
-  for (int i = 0; i < inRange + others; ++i) {
+  for (phone::Seconds i = 0; i < inRange + others; ++i) {
     const phone::Seconds start =
         i < inRange ? now + i * 60 : now - 30 * phone::kSecondsPerDay - i * 4 * kHour;
     insertEvent(database,

@@ -43,6 +43,7 @@ std::vector<CalendarChoice> calendarChoices() {
   const auto preferences = readDictionary(kCalendarAppPreferences);
   const auto selection = readArray(kCalendarSelectionFile);
   std::vector<CalendarChoice> calendars;
+  calendars.reserve(records.size());
   for (const CalendarRecord& record : records) {
     calendars.push_back({.identifier = record.identifier,
                          .title = record.title,

@@ -47,6 +47,7 @@ void listAsJson(const std::vector<CalendarChoice>& calendars, bool bySelection) 
 std::vector<std::string> identifiersOf(const std::vector<std::string>& meant) {
   const std::vector<CalendarChoice> calendars = calendarChoices();
   std::vector<std::string> identifiers;
+  identifiers.reserve(meant.size());
   for (const std::string& name : meant) identifiers.push_back(calendarMeant(calendars, name).identifier);
   return identifiers;
 }

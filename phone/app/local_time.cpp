@@ -94,7 +94,7 @@ std::string timeSpan(double start, double end, bool allDay, double now, const cc
   const bool oneDay = cctz::civil_day(from) == cctz::civil_day(to) || to < from;
   const std::string firstDay = shortDay(from, present);
   if (allDay) return firstDay + (oneDay ? "" : " - " + shortDay(to, present)) + ", all day";
-  const std::string begin = firstDay + ", " + clockTime(from);
+  std::string begin = firstDay + ", " + clockTime(from);
   if (to <= from) return begin;
   return begin + " - " + (oneDay ? "" : shortDay(to, present) + ", ") + clockTime(to);
 }

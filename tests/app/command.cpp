@@ -37,6 +37,7 @@ void redirect(int descriptor, const fs::path& file) {
   setenv("PATH", path.c_str(), 1);
   for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   execvp(pointers.front(), pointers.data());

@@ -40,6 +40,7 @@ std::vector<PixelRect> letteringOf(const CalendarScreen& screen, const HostOptio
   }
   if (!screen.bar.deleteButton.empty()) lettering.push_back({{0, bottom}, {options.screenWidth, 100}});
   std::vector<PixelRect> pixels;
+  pixels.reserve(lettering.size());
   for (const CGRect& rect : lettering) pixels.push_back(pixelsAround(rect, options.screenScale));
   return pixels;
 }

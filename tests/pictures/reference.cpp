@@ -40,6 +40,7 @@ void writePreferences(const fs::path& root, const char* name, const std::string&
 void importInto(const fs::path& root, const std::vector<const char*>& calendars) {
   CalendarDatabase database(root / (kCalendarDatabasePath + 1), OpenMode::kCreate);
   std::vector<fs::path> files;
+  files.reserve(calendars.size());
   for (const char* const calendar : calendars) files.push_back(kPictures / "calendars" / calendar);
   importCalendars(database, files);
 }

@@ -17,8 +17,8 @@ namespace phone {
 namespace {
 
 std::uint32_t pixelAt(const Surface& picture, int x, int y) {
-  const auto* const row =
-      cairo_image_surface_get_data(picture.get()) + y * cairo_image_surface_get_stride(picture.get());
+  const std::ptrdiff_t stride = cairo_image_surface_get_stride(picture.get());
+  const auto* const row = cairo_image_surface_get_data(picture.get()) + y * stride;
   return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFFU;
 }
 
@@ -33,7 +33,7 @@ std::filesystem::path writeTwoColors(const std::filesystem::path& folder) {
   cairo_rectangle(canvas, 100, 0, 100, 300);
   cairo_fill(canvas);
   cairo_destroy(canvas);
-  const auto file = folder / "two-colors.png";
+  auto file = folder / "two-colors.png";
   writePng(picture, file);
   return file;
 }

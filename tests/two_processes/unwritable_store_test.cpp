@@ -104,7 +104,7 @@ TEST_F(UnwritableStore, onAFullDisk) {
   const ChildResult result = runInChild([&]() -> std::string {
     if (!mountSmallDisk(shared_.preferences())) return "not allowed";
     shared_.writeStore(otherKeys(kOtherEntries));
-    const std::string kept = flipInVain(shared_, event_, [&] { fillDisk(shared_.preferences()); });
+    std::string kept = flipInVain(shared_, event_, [&] { fillDisk(shared_.preferences()); });
     if (shared_.filesBesideStore().size() != 2) throw std::runtime_error("A temporary file was left.");
     // With room again the same flip works, so it was the disk that stood in its way.
     std::filesystem::remove(shared_.preferences() / "filler");

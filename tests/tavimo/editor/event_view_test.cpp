@@ -238,7 +238,9 @@ TEST(DetailItem, KeepsItsPropertiesAndNoVariables) {
                                        {"dndSwitch", "setDndSwitch:"},
                                        {"disabledHelpButton", "setDisabledHelpButton:"},
                                        {"tapGestureRecognizer", "setTapGestureRecognizer:"}}) {
-    const auto object = [&] { return objc::send<NSObject*>(item.get(), sel_registerName(getter)); };
+    const auto object = [&item, name = getter] {
+      return objc::send<NSObject*>(item.get(), sel_registerName(name));
+    };
     EXPECT_EQ(object(), nullptr) << getter;
     NSNumber* const value = NSNumber::numberWithDouble(1.5);
     objc::send<void, NSObject*>(item.get(), sel_registerName(setter), value);

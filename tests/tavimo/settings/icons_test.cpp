@@ -12,14 +12,13 @@ namespace {
 
 constexpr const char* kCalendarIcon = "/Applications/MobileCal.app/icon-about@2x.png";
 constexpr std::uint32_t kRed = 0xFFFF0000;
-constexpr std::uint32_t kBlack = 0xFF000000;
 constexpr std::uint32_t kClear = 0;
 
 std::uint32_t pixel(UIImage* image, int x, int y) {
   cairo_surface_t* const surface = surfaceOf(image).get();
   cairo_surface_flush(surface);
-  const unsigned char* const row =
-      cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
+  const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface);
+  const unsigned char* const row = cairo_image_surface_get_data(surface) + y * stride;
   return reinterpret_cast<const std::uint32_t*>(row)[x];
 }
 

@@ -122,7 +122,9 @@ TEST(Settings, FilesThatCannotBeReadGiveTheDefaultsAndOneMessage) {
 
 TEST(Settings, LargeAndDeepFilesAreRead) {
   LockScreen phone;
-  phone.settings(entry("filler", string(std::string(10'000'000, 'x'))) + entry("textSize", integer(18)));
+  std::string filler;
+  filler.resize(10'000'000, 'x');
+  phone.settings(entry("filler", string(filler)) + entry("textSize", integer(18)));
   phone.load();
   EXPECT_EQ(number("textSize"), 18);
   phone.settings(entry("deep", nested(500, "<array>", "</array>")) + entry("textSize", integer(19)));
