@@ -1,7 +1,14 @@
 # Shared by the scripts in this folder, which source it after setting the shell's strict mode. It defines
-# functions, goes to the top of the checkout, and does nothing else.
+# functions, goes to the top of the checkout, sets the compiler cache up, and does nothing else.
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+# Compiling goes through ccache where it is installed; the environment may name another launcher, or none. Paths
+# are seen from the checkout, so that a fresh clone finds what another one compiled.
+if command -v ccache >/dev/null; then
+  export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+  export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+fi
 
 # fail CODE MESSAGE...: says what is wrong and ends the script; 1 is "could not do it", 2 "wrong use".
 fail() {

@@ -8,6 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/built.h"
+
 namespace phone {
 
 namespace {
@@ -33,7 +35,7 @@ void redirect(int descriptor, const fs::path& file) {
   setenv("TZ", "Europe/Berlin", 1);
   unsetenv("TAVIMO_PHONE");
   unsetenv("TAVIMO_PLUGIN");
-  const std::string path = fs::path(TAVIMO_PHONE_COMMAND).parent_path().string() + ":" + std::getenv("PATH");
+  const std::string path = phoneCommand().parent_path().string() + ":" + std::getenv("PATH");
   setenv("PATH", path.c_str(), 1);
   for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
   std::vector<char*> pointers;
@@ -72,7 +74,7 @@ Workplace::~Workplace() { fs::remove_all(folder_); }
 
 CommandResult Workplace::phone(const std::vector<std::string>& arguments,
                                const std::map<std::string, std::string>& environment) const {
-  std::vector<std::string> words{TAVIMO_PHONE_COMMAND};
+  std::vector<std::string> words{phoneCommand()};
   words.insert(words.end(), arguments.begin(), arguments.end());
   return runProgram(folder_, words, environment);
 }

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "tests/app/command.h"
+#include "tests/support/built.h"
 
 namespace phone {
 namespace {
@@ -28,7 +29,7 @@ std::vector<std::string> commandLines(const fs::path& document) {
 
 TEST(Readme, itsCommandsRunInTheOrderInWhichTheyStand) {
   const Workplace workplace;
-  const fs::path source = TAVIMO_SOURCE_DIR;
+  const fs::path source = sourceFolder();
   fs::create_directory_symlink(source / "samples", workplace.folder() / "samples");
   std::string script;
   std::size_t commands = 0;
@@ -51,7 +52,7 @@ TEST(Readme, itsCommandsRunInTheOrderInWhichTheyStand) {
 }
 
 TEST(Readme, itsLinksLeadSomewhere) {
-  const fs::path source = TAVIMO_SOURCE_DIR;
+  const fs::path source = sourceFolder();
   std::vector<fs::path> documents{source / "README.md", source / "CONTRIBUTING.md", source / "CHANGELOG.md"};
   for (const auto& entry : fs::directory_iterator(source / "docs")) {
     if (entry.path().extension() == ".md") documents.push_back(entry.path());

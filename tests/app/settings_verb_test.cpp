@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/app/command.h"
+#include "tests/support/built.h"
 
 namespace phone {
 namespace {
@@ -109,7 +110,7 @@ TEST_F(SettingsVerb, leavesAFileAloneThatIsNoSettingsFile) {
 }
 
 TEST_F(SettingsVerb, explainsAllSettingsInJsonAndInTheDocument) {
-  std::ifstream stream(std::string(TAVIMO_SOURCE_DIR) + "/docs/settings.md");
+  std::ifstream stream(sourceFolder() / "docs/settings.md");
   const std::string document{std::istreambuf_iterator<char>(stream), {}};
   const Json settings = Json::parse(workplace_.output({"settings", "list", "--json"}));
   ASSERT_EQ(settings.size(), 21U);

@@ -9,6 +9,7 @@
 #include "phone/eventkit/event_query.h"
 #include "phone/eventkit/import.h"
 #include "tests/eventkit/core_fixture.h"
+#include "tests/support/built.h"
 
 namespace phone {
 namespace {
@@ -76,18 +77,17 @@ class CalendarFileTest : public CoreTest, public testing::WithParamInterface<std
 };
 
 TEST_P(CalendarFileTest, HasTheExpectedOccurrences) {
-  const auto file = std::filesystem::path(TAVIMO_SOURCE_DIR "/tests/eventkit/calendars") / GetParam();
+  const auto file = sourceFolder() / "tests/eventkit/calendars" / GetParam();
   compare(file, std::filesystem::path(file).replace_extension(".expected"));
 }
 
 TEST_F(CalendarFileTest, TheSamplesShowWhatTheyAreMeantTo) {
-  compare(TAVIMO_SOURCE_DIR "/samples", TAVIMO_SOURCE_DIR "/tests/eventkit/samples.expected");
+  compare(sourceFolder() / "samples", sourceFolder() / "tests/eventkit/samples.expected");
 }
 
 std::vector<std::string> calendarFiles() {
   std::vector<std::string> names;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(TAVIMO_SOURCE_DIR "/tests/eventkit/calendars")) {
+  for (const auto& entry : std::filesystem::directory_iterator(sourceFolder() / "tests/eventkit/calendars")) {
     if (entry.path().extension() == ".ics") names.push_back(entry.path().filename());
   }
   return names;

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/support/built.h"
+
 namespace phone {
 namespace {
 
@@ -24,8 +26,8 @@ TEST(Plugin, FailuresNameWhatIsMissing) {
   };
   EXPECT_TRUE(contains(failureOf([] { pluginAddress("early"); }), "no plug-in is loaded"));
   EXPECT_TRUE(contains(failureOf([] { loadPlugin("missing.so"); }), "missing.so"));
-  EXPECT_TRUE(contains(failureOf([] { loadPlugin(TAVIMO_SOURCE_DIR "/CMakeLists.txt"); }), "CMakeLists.txt"));
-  loadPlugin(TAVIMO_LIBRARY);
+  EXPECT_TRUE(contains(failureOf([] { loadPlugin(sourceFolder() / "CMakeLists.txt"); }), "CMakeLists.txt"));
+  loadPlugin(pluginLibrary());
   EXPECT_TRUE(contains(failureOf([] { pluginAddress("noSuchName"); }), "noSuchName"));
 }
 

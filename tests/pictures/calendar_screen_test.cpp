@@ -7,6 +7,7 @@
 #include "tests/pictures/calendar_scene.h"
 #include "tests/pictures/reference.h"
 #include "tests/pictures/scene.h"
+#include "tests/support/built.h"
 
 namespace phone {
 namespace {
@@ -54,7 +55,7 @@ TEST_P(CalendarPicture, IsAsItWas) {
   importInto(folder.path(), {"Work.ics", "Home.ics"});
   const HostOptions options{
       .root = folder.path(), .release = scene.release, .now = kSceneSeconds, .timeZone = kSceneTimeZone};
-  auto calendar = CalendarProcess::boot(options, TAVIMO_LIBRARY);
+  auto calendar = CalendarProcess::boot(options, pluginLibrary());
   UIViewController* const shown = scene.show(calendar);
   const CalendarScreen screen = calendar.screenOf(shown);
   const std::filesystem::path reference = referenceFolder("calendar") / scene.name;

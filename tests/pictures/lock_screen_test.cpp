@@ -8,6 +8,7 @@
 #include "tests/pictures/calendar_scene.h"
 #include "tests/pictures/reference.h"
 #include "tests/pictures/scene.h"
+#include "tests/support/built.h"
 
 namespace phone {
 namespace {
@@ -82,7 +83,7 @@ TEST_P(LockScreenPicture, IsAsItWas) {
   importInto(folder.path(), scene.calendars);
   const HostOptions options{
       .root = folder.path(), .release = scene.release, .now = kSceneSeconds, .timeZone = kSceneTimeZone};
-  auto homeScreen = HomeScreen::boot(options, TAVIMO_LIBRARY);
+  auto homeScreen = HomeScreen::boot(options, pluginLibrary());
   for (const auto& [title, text] : scene.notifications) {
     homeScreen.postNotification({.title = title, .text = text});
   }
@@ -106,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(Gallery, LockScreenPicture, testing::ValuesIn(scenes().
                          sceneName);
 
 TEST(Gallery, ShowsEveryScene) {
-  expectText(galleryPage() + calendarGallery(), fs::path(TAVIMO_SOURCE_DIR) / "docs/gallery.md");
+  expectText(galleryPage() + calendarGallery(), sourceFolder() / "docs/gallery.md");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "phone/eventkit/import.h"
 #include "tests/foundation/temporary_folder.h"
+#include "tests/support/built.h"
 
 namespace phone {
 
@@ -14,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kPictures = fs::path(TAVIMO_SOURCE_DIR) / "tests/pictures";
+const fs::path kPictures = sourceFolder() / "tests/pictures";
 
 bool isWriting() { return std::getenv("TAVIMO_WRITE_PICTURES") != nullptr; }
 

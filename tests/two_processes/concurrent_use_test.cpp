@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "phone/springboard/home_screen.h"
+#include "tests/support/built.h"
 #include "tests/two_processes/child_process.h"
 #include "tests/two_processes/shared_phone.h"
 
@@ -21,7 +22,7 @@ std::string flip(const SharedPhone& shared, const std::string& event) {
 /// event of that title.
 std::string read(const SharedPhone& shared, const std::string& hidden) {
   constexpr int kReadsPerLoad = 20;
-  auto homeScreen = HomeScreen::boot(shared.options(), TAVIMO_LIBRARY);
+  auto homeScreen = HomeScreen::boot(shared.options(), pluginLibrary());
   std::size_t rowsSeen = 0;
   for (int i = 0; i < kFlips; ++i) {
     // The plug-in takes a torn store for an empty one; this reader throws.

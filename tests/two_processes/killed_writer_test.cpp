@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "phone/calendarui/calendar_process.h"
+#include "tests/support/built.h"
 #include "tests/two_processes/child_process.h"
 #include "tests/two_processes/shared_phone.h"
 
@@ -41,7 +42,7 @@ TEST(KilledWriter, leavesTheOldStoreOrTheNew) {
 
   // The calendar is booted once, and every round kills a copy of its process.
   const ChildResult result = runInChild([&] {
-    auto calendar = CalendarProcess::boot(shared.options(), TAVIMO_LIBRARY);
+    auto calendar = CalendarProcess::boot(shared.options(), pluginLibrary());
     EKEventViewController* const view = calendar.openEvent(event);
     const auto write = [&]() -> std::string {
       for (bool on = false;; on = !on) calendar.setSwitch(view, kRow, on);

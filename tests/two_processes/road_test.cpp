@@ -6,6 +6,7 @@
 #include "phone/calendarui/calendar_process.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/springboard/home_screen.h"
+#include "tests/support/built.h"
 #include "tests/two_processes/child_process.h"
 #include "tests/two_processes/shared_phone.h"
 
@@ -16,7 +17,7 @@ namespace {
 /// them what the plug-in says about hiding.
 std::string lockScreen(const SharedPhone& shared) {
   const ChildResult result = runInChild([&] {
-    auto homeScreen = HomeScreen::boot(shared.options(), TAVIMO_LIBRARY);
+    auto homeScreen = HomeScreen::boot(shared.options(), pluginLibrary());
     homeScreen.load();
     std::string lines;
     for (const ListRow& row : homeScreen.rows()) lines += row.title + "\n";
@@ -33,7 +34,7 @@ std::string lockScreen(const SharedPhone& shared) {
 template <typename Work>
 void inCalendar(const SharedPhone& shared, Work work) {
   const ChildResult result = runInChild([&] {
-    auto calendar = CalendarProcess::boot(shared.options(), TAVIMO_LIBRARY);
+    auto calendar = CalendarProcess::boot(shared.options(), pluginLibrary());
     work(calendar);
     return std::string("done");
   });

@@ -8,6 +8,7 @@
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
+#include "tests/support/built.h"
 #include "tests/two_processes/child_process.h"
 
 namespace phone::test {
@@ -36,7 +37,7 @@ std::filesystem::path SharedPhone::preferences() const {
 
 std::string SharedPhone::addEvent(const std::string& title) const {
   const ChildResult result = runInChild([&] {
-    auto calendar = CalendarProcess::boot(options(), TAVIMO_LIBRARY);
+    auto calendar = CalendarProcess::boot(options(), pluginLibrary());
     EKEventEditor* const editor = calendar.newEvent();
     const auto event = objc::Owned<EKEvent>::retain(static_cast<EKEvent*>(editor->calendarItem()));
     calendar.enter(editor, {.title = title, .start = kFive});
@@ -48,7 +49,7 @@ std::string SharedPhone::addEvent(const std::string& title) const {
 }
 
 void SharedPhone::flip(const std::string& event, int times) const {
-  auto calendar = CalendarProcess::boot(options(), TAVIMO_LIBRARY);
+  auto calendar = CalendarProcess::boot(options(), pluginLibrary());
   EKEventViewController* const view = calendar.openEvent(event);
   for (int i = 0; i < times; ++i) calendar.setSwitch(view, kRow, i % 2 != 0);
 }

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "phone/calendarui/calendar_process.h"
+#include "tests/support/built.h"
 #include "tests/two_processes/child_process.h"
 #include "tests/two_processes/shared_phone.h"
 
@@ -30,7 +31,7 @@ bool isOn(const CalendarScreen& screen) {
 /// Flips the switch after `obstruct` made the store unwritable for this process.
 template <typename Obstruct>
 std::string flipInVain(const SharedPhone& shared, const std::string& event, Obstruct obstruct) {
-  auto calendar = CalendarProcess::boot(shared.options(), TAVIMO_LIBRARY);
+  auto calendar = CalendarProcess::boot(shared.options(), pluginLibrary());
   EKEventViewController* const view = calendar.openEvent(event);
   obstruct();
   const std::string before = bytesOf(shared.store());

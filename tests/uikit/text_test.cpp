@@ -9,6 +9,7 @@
 #include "phone/uikit/view_drawing.h"
 #include "platform/uikit/string_drawing.h"
 #include "platform/uikit/ui_label.h"
+#include "tests/support/built.h"
 #include "tests/support/picture_comparison.h"
 #include "tests/uikit/uikit_test.h"
 
@@ -184,7 +185,7 @@ TEST_F(Text, AllScriptsLookAsTheyDid) {
     top += 26;
   }
   EXPECT_TRUE(
-      matchesPicture(pictureOfView(page.get(), 2), TAVIMO_SOURCE_DIR "/tests/uikit/pictures/scripts.png"));
+      matchesPicture(pictureOfView(page.get(), 2), sourceFolder() / "tests/uikit/pictures/scripts.png"));
 }
 
 }  // namespace

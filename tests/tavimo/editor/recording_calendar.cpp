@@ -10,6 +10,7 @@
 #include "platform/foundation/foundation_version.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/foundation/ns_url.h"
+#include "tests/support/built.h"
 #include "tests/tavimo/support/objects.h"
 
 namespace phone {
@@ -155,7 +156,7 @@ RecordingCalendar::RecordingCalendar(const CalendarShape& shape) {
   }
   registerClass(editorClass(shape));
   registerClass(viewClass());
-  loadPlugin(TAVIMO_LIBRARY);
+  loadPlugin(pluginLibrary());
 }
 
 objc::Owned<EKEvent> RecordingCalendar::event(std::optional<std::string> urlText) {

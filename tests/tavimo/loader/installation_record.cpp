@@ -5,6 +5,7 @@
 
 #include "phone/objc/hooking.h"
 #include "phone/objc/plugin.h"
+#include "tests/support/built.h"
 
 namespace phone {
 
@@ -25,7 +26,7 @@ Function* hidden(const char* name) {
 
 std::vector<std::string> installationSteps() {
   recording = true;
-  loadPlugin(TAVIMO_LIBRARY);
+  loadPlugin(pluginLibrary());
   recording = false;
   return steps;
 }

@@ -10,6 +10,7 @@
 #include "platform/uikit/ns_index_path.h"
 #include "platform/uikit/ui_image.h"
 #include "platform/uikit/ui_table_view.h"
+#include "tests/support/built.h"
 #include "tests/tavimo/support/bare_hosts.h"
 #include "tests/tavimo/support/script.h"
 
@@ -24,7 +25,7 @@ class BareHomeScreen : public testing::Test {
     registerBulletinBoard();
     registerScriptedEventKit();
     registerBareHomeScreen();
-    loadPlugin(TAVIMO_LIBRARY);
+    loadPlugin(pluginLibrary());
   }
 
   TemporaryFolder root_;

@@ -10,6 +10,7 @@
 #include "platform/foundation/foundation_version.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/uikit/ui_font.h"
+#include "tests/support/built.h"
 
 namespace phone {
 
@@ -173,7 +174,7 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
   registerClass(overlayContext());
   registerClass(table());
   hookMethod(objc::classNamed<"NSString">(), "sizeWithFont:", sizeWithFont, sizeWithFontDisplaced);
-  loadPlugin(TAVIMO_LIBRARY);
+  loadPlugin(pluginLibrary());
   exported<bool>("isEnabled") = true;
 
   items_ = objc::Owned<NSMutableArray>::retain(NSMutableArray::array());

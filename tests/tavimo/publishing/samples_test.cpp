@@ -7,6 +7,7 @@
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/foundation.h"
 #include "phone/springboard/home_screen.h"
+#include "tests/support/built.h"
 #include "tests/tavimo/support/releases.h"
 
 namespace phone {
@@ -49,10 +50,10 @@ TEST_P(SampleCalendars, AreListedAboveThePhonesOwnNotifications) {
         "<string>N</string></dict>");
   HomeScreen phone = HomeScreen::boot(
       {.root = root.path(), .release = release(), .now = utc(2014, 3, 7, 8, 41), .timeZone = "Europe/Berlin"},
-      TAVIMO_LIBRARY);
-  importCalendars(sharedDatabaseForWriting(), {TAVIMO_SOURCE_DIR "/samples"});
+      pluginLibrary());
+  importCalendars(sharedDatabaseForWriting(), {sourceFolder() / "samples"});
   phone.postNotification({.title = "Anna", .text = "Lunch?"});
-  const Lines expected = linesOf(TAVIMO_SOURCE_DIR "/tests/tavimo/publishing/samples.expected");
+  const Lines expected = linesOf(sourceFolder() / "tests/tavimo/publishing/samples.expected");
   for (int load = 1; load <= 3; ++load) {
     SCOPED_TRACE(load);
     phone.load();

@@ -7,6 +7,7 @@
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 #include "phone/springboard/springboard.h"
 #include "phone/uikit/uikit.h"
+#include "tests/support/built.h"
 #include "tests/tavimo/support/scripted_event_store.h"
 
 namespace phone {
@@ -27,7 +28,7 @@ LockScreen::LockScreen(const LockScreenOptions& options) {
   registerSpringBoard();
   registerScriptedEventKit();
   if (options.beforePlugin) options.beforePlugin();
-  loadPlugin(TAVIMO_LIBRARY);
+  loadPlugin(pluginLibrary());
   makeController();
 }
 
