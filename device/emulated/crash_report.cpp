@@ -1,0 +1,94 @@
+#include "device/emulated/crash_report.h"
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ucontext.h>
+
+namespace device {
+
+namespace {
+
+const Image* plugin = nullptr;
+
+/// What a function keeps at its frame pointer.
+struct Frame {
+  const Frame* caller;
+  std::uintptr_t returnAddress;
+};
+
+/// The innermost address in the plug-in on the chain of calls; 0 when there is none.
+std::uintptr_t innermostInPlugin(const Frame* frame) {
+  constexpr int kMaxFrames = 200;
+  for (int depth = 0; depth < kMaxFrames && frame != nullptr; ++depth) {
+    if (plugin->holds(frame->returnAddress)) return frame->returnAddress;
+    // The stack grows down; anything else is no chain of calls any more.
+    if (frame->caller <= frame) return 0;
+    frame = frame->caller;
+  }
+  return 0;
+}
+
+void report(const char* fault, std::uintptr_t place) {
+  if (place == 0) {
+    std::fprintf(stderr, "%s, outside the plug-in\n", fault);
+  } else {
+    std::fprintf(stderr, "%s, in the plug-in at %s\n", fault, plugin->describe(place).c_str());
+  }
+}
+
+const char* describe(int signal) {
+  switch (signal) {
+    case SIGSEGV:
+    case SIGBUS:
+      return "memory that is not there was used";
+    case SIGILL:
+      return "something that is no instruction was executed";
+    default:
+      return "the process was ended";
+  }
+}
+
+void handleSignal(int signal, siginfo_t*, void* context) {
+  // A fault in the report itself ends the process as it would have without one.
+  std::signal(signal, SIG_DFL);
+#if defined(__aarch64__)
+  const mcontext_t& machine = static_cast<ucontext_t*>(context)->uc_mcontext;
+  constexpr int kFramePointer = 29;
+  constexpr int kLinkRegister = 30;
+  std::uintptr_t place = machine.pc;
+  // After a wild jump, or in a function of the host without a frame yet, the caller is still in the link
+  // register.
+  if (!plugin->holds(place)) place = machine.regs[kLinkRegister];
+  if (!plugin->holds(place))
+    place = innermostInPlugin(reinterpret_cast<const Frame*>(machine.regs[kFramePointer]));
+  report(describe(signal), place);
+#else
+  static_cast<void>(context);
+#endif
+  std::raise(signal);
+}
+
+}  // namespace
+
+void reportCrashesIn(const Image& image) {
+  plugin = &image;
+  // A plug-in that runs out of stack leaves none for the report.
+  static std::array<std::byte, 64 * 1024> ownStack;
+  const stack_t stack{.ss_sp = ownStack.data(), .ss_flags = 0, .ss_size = ownStack.size()};
+  sigaltstack(&stack, nullptr);
+  struct sigaction action {};
+  action.sa_sigaction = handleSignal;
+  action.sa_flags = SA_SIGINFO | SA_ONSTACK | SA_NODEFER;
+  for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGABRT}) sigaction(signal, &action, nullptr);
+}
+
+void reportAndEnd(const char* fault) {
+  const auto* const frame = static_cast<const Frame*>(__builtin_frame_address(0));
+  report(fault, plugin == nullptr ? 0 : innermostInPlugin(frame));
+  std::signal(SIGABRT, SIG_DFL);
+  std::abort();
+}
+
+}  // namespace device

@@ -1,0 +1,121 @@
+#include "device/emulated/image.h"
+
+#include <cstring>
+#include <sys/mman.h>
+
+namespace device {
+
+namespace {
+
+constexpr std::size_t kPage = 4096;
+
+std::size_t wholePages(std::size_t size) { return (size + kPage - 1) / kPage * kPage; }
+
+/// Names in the file have an underscore in front, which names in the source have not.
+std::string sourceName(const std::string& name) { return name.starts_with('_') ? name.substr(1) : name; }
+
+}  // namespace
+
+Image::Image(Bytes file, NameLookup lookUp) : library_(readLibrary(file)), symbols_(library_) {
+  reserve();
+  try {
+    fill();
+    adjust();
+    bind(lookUp);
+    protect();
+  } catch (const BadLibrary&) {
+    munmap(memory_, size_);
+    throw;
+  }
+}
+
+Image::~Image() { munmap(memory_, size_); }
+
+void Image::reserve() {
+  std::uint64_t end = 0;
+  for (const Segment& segment : library_.segments) end = std::max(end, segment.address + segment.size);
+  size_ = wholePages(end);
+  void* const memory = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED) throw BadLibrary("there is not enough memory for it");
+  memory_ = static_cast<std::byte*>(memory);
+}
+
+void Image::fill() {
+  for (const Segment& segment : library_.segments) {
+    std::copy(segment.content.begin(), segment.content.end(), at(segment.address));
+  }
+}
+
+void Image::adjust() {
+  for (const std::uint64_t place : rebasePlaces(library_)) {
+    std::uint64_t value = 0;
+    std::memcpy(&value, at(place), sizeof(value));
+    value += reinterpret_cast<std::uintptr_t>(memory_);
+    std::memcpy(at(place), &value, sizeof(value));
+  }
+}
+
+void Image::bind(NameLookup lookUp) {
+  for (const Binding& binding : bindings(library_)) {
+    void* const offered = lookUp(sourceName(binding.name));
+    if (offered == nullptr && !binding.isWeak) {
+      const auto number = static_cast<std::size_t>(binding.library - 1);
+      const std::string from =
+          number < library_.libraries.size() ? library_.libraries[number] : "some library";
+      throw BadLibrary("it asks for " + sourceName(binding.name) + " of " + from +
+                       ", and nobody here offers that");
+    }
+    const std::uint64_t value = offered == nullptr ? 0
+                                                   : reinterpret_cast<std::uintptr_t>(offered) +
+                                                         static_cast<std::uint64_t>(binding.addend);
+    std::memcpy(at(binding.place), &value, sizeof(value));
+  }
+}
+
+void Image::protect() {
+  for (const Segment& segment : library_.segments) {
+    const int rights = (segment.isReadable ? PROT_READ : 0) | (segment.isWritable ? PROT_WRITE : 0) |
+                       (segment.isExecutable ? PROT_EXEC : 0);
+    std::byte* const start = at(segment.address);
+    if (mprotect(start, wholePages(segment.size), rights) != 0) {
+      throw BadLibrary("the rights of its segment " + segment.name + " cannot be given");
+    }
+    // The processor may have fetched what was here before.
+    if (segment.isExecutable)
+      __builtin___clear_cache(reinterpret_cast<char*>(start), reinterpret_cast<char*>(start + segment.size));
+  }
+}
+
+void Image::start() const {
+  for (const std::uint64_t place : library_.initializers) {
+    std::uintptr_t function = 0;
+    std::memcpy(&function, at(place), sizeof(function));
+    const Segment* const segment =
+        holds(function) ? library_.segmentAt(function - reinterpret_cast<std::uintptr_t>(memory_), 4)
+                        : nullptr;
+    if (segment == nullptr || !segment->isExecutable)
+      throw BadLibrary("an initialiser lies outside its code");
+    reinterpret_cast<void (*)()>(function)();
+  }
+}
+
+void* Image::address(const std::string& name) const {
+  const std::uint64_t place = exportedAddress(library_, "_" + name);
+  return place == kNoAddress || place >= size_ ? nullptr : at(place);
+}
+
+bool Image::holds(std::uintptr_t address) const {
+  const auto start = reinterpret_cast<std::uintptr_t>(memory_);
+  return address >= start && address < start + size_;
+}
+
+std::string Image::describe(std::uintptr_t address) const {
+  return symbols_.nearest(address - reinterpret_cast<std::uintptr_t>(memory_));
+}
+
+void Image::takeSymbols(Bytes file) {
+  const LibraryFile whole = readLibrary(file);
+  if (whole.identity == library_.identity) symbols_ = SymbolTable(whole);
+}
+
+}  // namespace device
