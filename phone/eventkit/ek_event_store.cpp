@@ -4,6 +4,7 @@
 #include "phone/eventkit/ek_objects.h"
 #include "phone/eventkit/event_edit.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/error_object.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_mutable_array.h"
@@ -126,14 +127,8 @@ bool change(id* error, Change apply) {
     return true;
   } catch (const DatabaseError& failure) {
     reportStoreProblem(failure.what());
-    if (error != nullptr) {
-      constexpr NSInteger kOtherError = 1;
-      NSObject* const reason = objc::sendToClass<"NSDictionary", "dictionaryWithObject:forKey:", NSObject*>(
-          static_cast<NSObject*>(makeString(failure.what()).get()),
-          static_cast<NSObject*>("NSLocalizedDescription"_ns));
-      *error = objc::sendToClass<"NSError", "errorWithDomain:code:userInfo:", id>("EKErrorDomain"_ns,
-                                                                                  kOtherError, reason);
-    }
+    constexpr NSInteger kOtherError = 1;
+    if (error != nullptr) *error = errorObject("EKErrorDomain"_ns, kOtherError, failure.what());
     return false;
   }
 }
