@@ -101,6 +101,21 @@ TEST_F(EventStoreTest, ADamagedDatabaseGivesNoEventsAndAReason) {
   }
 }
 
+TEST_F(EventStoreTest, AnEmptyFileIsALostDatabaseAndNoNewOne) {
+  std::filesystem::create_directories(databaseFile().parent_path());
+  std::ofstream(databaseFile()).close();
+  EXPECT_THROW(sharedDatabaseForWriting(), DatabaseError);
+  EXPECT_EQ(store_->calendars()->count(), 0u);
+  EXPECT_NE(calendarStoreProblem(), "");
+  EXPECT_TRUE(std::filesystem::is_empty(databaseFile()));
+  std::filesystem::remove(databaseFile());
+  EXPECT_EQ(store_->calendars()->count(), 0u);
+  EXPECT_EQ(calendarStoreProblem(), "") << "the last look went well";
+  EXPECT_NE(firstStoreProblem(), "") << "the first did not";
+  addCalendar("Work");
+  EXPECT_EQ(store_->calendars()->count(), 1u);
+}
+
 TEST_F(EventStoreTest, WhatAnotherProcessWritesIsSeen) {
   addCalendar("Work");
   {
