@@ -14,14 +14,23 @@ std::string describe(const std::filesystem::path& file, std::size_t line, const 
   return file.string() + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + reason;
 }
 
+/// A device could go on for ever; a pipe ends with the one who writes.
+void requireReadable(const std::filesystem::path& file) {
+  using Type = std::filesystem::file_type;
+  std::error_code error;
+  const Type type = std::filesystem::status(file, error).type();
+  if (type == Type::regular || type == Type::fifo || type == Type::socket) return;
+  if (type == Type::not_found) throw IcsError(file, 0, "there is no such file");
+  throw IcsError(file, 0, error ? error.message() : "this is neither a file nor a pipe");
+}
+
 }  // namespace
 
 IcsError::IcsError(const std::filesystem::path& file, std::size_t line, const std::string& reason)
     : std::runtime_error(describe(file, line, reason)) {}
 
 IcsReader::IcsReader(std::filesystem::path file) : file_(std::move(file)), buffer_(kBufferSize) {
-  // A device or a pipe could keep the reader waiting for ever.
-  if (!std::filesystem::is_regular_file(file_)) throw IcsError(file_, 0, "there is no such file");
+  requireReadable(file_);
   stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
   stream_.open(file_, std::ios::binary);
   if (!stream_) throw IcsError(file_, 0, "the file cannot be opened");
