@@ -65,7 +65,7 @@ NSObject* predicateForEvents(EKEventStore*, SEL, NSDate* start, NSDate* end, NSA
   return predicate.autorelease();
 }
 
-NSArray* eventsMatchingPredicate(EKEventStore*, SEL, NSObject* predicate) {
+NSArray* eventsMatchingPredicate(EKEventStore* self, SEL, NSObject* predicate) {
   NSMutableArray* const events = NSMutableArray::array();
   if (predicate == nullptr) return events;
   const auto& search = stateOf<PredicateState>(predicate);
@@ -78,7 +78,7 @@ NSArray* eventsMatchingPredicate(EKEventStore*, SEL, NSObject* predicate) {
     }
     for (const EventOccurrence& occurrence :
          occurrencesInRange(database, search.range, search.calendars.value_or(rows), phoneZone())) {
-      events->addObject(makeEvent(occurrence, objects[occurrence.calendar].get()).get());
+      events->addObject(makeEvent(self, occurrence, objects[occurrence.calendar].get()).get());
     }
   });
   return events;
@@ -91,12 +91,12 @@ objc::Owned<EKCalendar> calendarInRow(CalendarDatabase& database, std::int64_t r
   return {};
 }
 
-EKEvent* eventWithIdentifier(EKEventStore*, SEL, NSString* identifier) {
+EKEvent* eventWithIdentifier(EKEventStore* self, SEL, NSString* identifier) {
   objc::Owned<EKEvent> event;
   if (identifier == nullptr) return nullptr;
   withDatabase([&](CalendarDatabase& database) {
     const auto found = findByIdentifier(database, identifier->UTF8String(), phoneZone());
-    if (found) event = makeEvent(*found, calendarInRow(database, found->calendar).get());
+    if (found) event = makeEvent(self, *found, calendarInRow(database, found->calendar).get());
   });
   return event.autorelease();
 }
@@ -133,7 +133,8 @@ bool change(id* error, Change apply) {
   }
 }
 
-bool saveEvent(EKEventStore*, SEL, EKEvent* event, NSInteger span, id* error) {
+bool saveEvent(EKEventStore*, SEL selector, EKEvent* event, NSInteger span, id* error) {
+  requireStore(event, selector);
   return change(error, [&](const EditContext& context) {
     const EventDraft draft = draftOf(event);
     const auto& stored = stateOf<CalendarItemState>(event).stored;
@@ -144,7 +145,8 @@ bool saveEvent(EKEventStore*, SEL, EKEvent* event, NSInteger span, id* error) {
   });
 }
 
-bool removeEventFromStore(EKEventStore*, SEL, EKEvent* event, NSInteger span, id* error) {
+bool removeEventFromStore(EKEventStore*, SEL selector, EKEvent* event, NSInteger span, id* error) {
+  requireStore(event, selector);
   return change(error, [&](const EditContext& context) {
     const auto& stored = stateOf<CalendarItemState>(event).stored;
     if (!stored) throw DatabaseError("the event was never saved");
@@ -163,6 +165,7 @@ ClassDefinition ekEventPredicate() {
 ClassDefinition ekEventStore() {
   return {.name = "EKEventStore",
           .superclass = "NSObject",
+          .state = state<EventStoreState>(),
           .methods = {
               method("calendars", calendars), method("calendarsForEntityType:", calendarsForEntityType),
               method("calendarWithIdentifier:", calendarWithIdentifier),
