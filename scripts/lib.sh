@@ -37,8 +37,8 @@ value_of() {
 # check_preset NAME
 check_preset() {
   case "$1" in
-    release | debug | asan | clang) ;;
-    *) fail 2 "there is no preset '$1'; choose release, debug, asan or clang" ;;
+    release | debug | asan | clang | device) ;;
+    *) fail 2 "there is no preset '$1'; choose release, debug, asan, clang or device" ;;
   esac
 }
 
@@ -52,5 +52,5 @@ build_preset() {
 
 # source_files: every C++ file of the project, one a line.
 source_files() {
-  find platform tavimo phone tests benchmarks -name '*.cpp' -o -name '*.h' | sort
+  find platform tavimo phone device tests benchmarks -name '*.cpp' -o -name '*.h' | sort
 }

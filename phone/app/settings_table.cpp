@@ -70,8 +70,8 @@ constexpr std::array<Setting, 21> kSettings{{
     flag("showSeparatorLines", true, "Draw separator lines in the events' rows"),
     flag("rightAlignedDate", false, "Put the date at the right edge of the row"),
     flag("onlySelectedCalendars", true,
-         "Search the calendars that are shown in the Calendar app; off searches those chosen with \"phone "
-         "calendars select\""),
+         "Search the calendars that are shown in the Calendar app; off searches those chosen for the lock "
+         "screen"),
     flag("displayLocation", false, "Show where the event takes place"),
     flag("sameHeightRows", true, "Give all rows the same height"),
     choice("wallpaperBlurMode", "never", kBlurModes, 2, "When the wallpaper is blurred behind the list"),

@@ -5,17 +5,22 @@
 
 #include "platform/objc/runtime.h"
 
+#if defined(__GNU_LIBOBJC__)
+// The phone's runtime header declares these; GCC's has no such functions, so here the host offers them.
+using objc_AssociationPolicy = std::uintptr_t;
+
 extern "C" {
 /// Associates `value` (none removes) with `object`. Policy 1 keeps a strong reference, non-atomically.
-void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy);
+void objc_setAssociatedObject(id object, const void* key, id value, objc_AssociationPolicy policy);
 /// The associated object (borrowed), or none.
 id objc_getAssociatedObject(id object, const void* key);
 }
+#endif
 
 namespace objc {
 
 inline void associate(const void* object, const void* key, const void* value) {
-  constexpr std::uintptr_t kRetainNonatomic = 1;
+  constexpr auto kRetainNonatomic = static_cast<objc_AssociationPolicy>(1);
   objc_setAssociatedObject(asObject(object), key, asObject(value), kRetainNonatomic);
 }
 
