@@ -4,6 +4,7 @@
 
 #include "phone/app/phone_files.h"
 #include "phone/app/phone_in_the_making.h"
+#include "phone/app/printable.h"
 #include "phone/app/verbs.h"
 #include "phone/foundation/foundation.h"
 #include "phone/foundation/phone_root.h"
@@ -37,7 +38,7 @@ void create(const fs::path& root) {
   // The Calendar app keeps its choices from its first start on; without the file no calendar counts as shown.
   writeFile(kCalendarAppPreferences, NSMutableDictionary::dictionary());
   made.finish({"Applications", "var"});
-  std::cout << "made a phone in " << root.string() << "\n";
+  std::cout << "made a phone in " << printable(root.string()) << "\n";
 }
 
 }  // namespace

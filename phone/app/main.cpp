@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "phone/app/parse_words.h"
 #include "phone/app/printable.h"
 #include "phone/app/process_start.h"
 #include "phone/app/verbs.h"
@@ -45,7 +46,7 @@ std::string missingVerb(const CLI::App& command) {
 
 std::string reasonOf(const CLI::App& command, const CLI::ParseError& error) {
   const bool needsVerb = !innermostVerb(&command)->get_subcommands({}).empty();
-  return needsVerb && error.get_name() == "RequiredError" ? missingVerb(command) : error.what();
+  return needsVerb && error.get_name() == "RequiredError" ? missingVerb(command) : inWords(error);
 }
 
 int refuse(const CLI::App& command, const std::string& reason) {

@@ -151,7 +151,8 @@ std::string readWholeFile(const std::filesystem::path& file) {
   struct stat status {};
   if (!opened || fstat(opened.number(), &status) != 0) fail("read", file, errno);
   if (S_ISDIR(status.st_mode)) fail("read", file, EISDIR);
-  if (!S_ISREG(status.st_mode)) throw std::runtime_error("cannot read " + file.string() + ": it is no file");
+  if (!S_ISREG(status.st_mode))
+    throw std::runtime_error("cannot read " + file.string() + ": it is no plain file");
   if (status.st_size > kLargestFile) fail("read", file, EFBIG);
   std::string content(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t length = 0;

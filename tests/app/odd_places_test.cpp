@@ -169,6 +169,8 @@ TEST(OddPlaces, EveryErrorIsInOurWords) {
       "mkdir phone-root/var/mobile/Library/Preferences/org.quenmark.tavimoprefs.plist; phone settings list",
       "mkfifo phone-root/var/mobile/Library/Preferences/org.quenmark.tavimo.sorting.plist; phone order show",
       "phone order events-first",
+      "phone order none",
+      "mkfifo library.so; timeout 20 phone lockscreen --plugin library.so",
       "mkdir -p phone-root/var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist/x; phone event "
       "new "
       "--title x --start 2026-03-07 --show-on-lockscreen off",
@@ -181,6 +183,19 @@ TEST(OddPlaces, EveryErrorIsInOurWords) {
     EXPECT_NE(result.errors, "") << line;
     expectOwnWords(result, line);
   }
+  EXPECT_TRUE(
+      fs::is_fifo(workplace.onPhone("var/mobile/Library/Preferences/org.quenmark.tavimo.sorting.plist")));
+}
+
+TEST(OddPlaces, APhoneThatMayNotBeLookedAtIsNotMissing) {
+  const Workplace workplace;
+  workplace.output({"create"});
+  const std::string user = geteuid() == 0 ? "setpriv --reuid 65534 --clear-groups " : "";
+  const CommandResult result =
+      workplace.shell("chmod 755 .; chmod 000 phone-root; " + user + "phone lockscreen");
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_NE(result.errors.find("phone-root: Permission denied"), std::string::npos) << result.errors;
+  workplace.shell("chmod 755 phone-root");
 }
 
 }  // namespace
