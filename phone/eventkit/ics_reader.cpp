@@ -1,5 +1,6 @@
 #include "phone/eventkit/ics_reader.h"
 
+#include <array>
 #include <utility>
 
 namespace phone {
@@ -24,6 +25,26 @@ void requireReadable(const std::filesystem::path& file) {
   throw IcsError(file, 0, error ? error.message() : "this is neither a file nor a pipe");
 }
 
+/// Reads up to the next line feed or, of a line that is too long, somewhat more than the longest. False at
+/// the end.
+bool readLine(std::istream& stream, std::string& line) {
+  std::array<char, 4096> part{};
+  line.clear();
+  while (line.size() <= kLongestLine) {
+    stream.getline(part.data(), part.size());
+    const auto got = static_cast<std::size_t>(stream.gcount());
+    if (stream.good()) {
+      // The line feed is counted, but not kept.
+      line.append(part.data(), got - 1);
+      return true;
+    }
+    line.append(part.data(), got);
+    if (stream.eof() || stream.bad()) break;
+    stream.clear();
+  }
+  return !stream.bad() && !(stream.eof() && line.empty());
+}
+
 }  // namespace
 
 IcsError::IcsError(const std::filesystem::path& file, std::size_t line, const std::string& reason)
@@ -37,7 +58,7 @@ IcsReader::IcsReader(std::filesystem::path file) : file_(std::move(file)), buffe
 }
 
 bool IcsReader::readPhysicalLine() {
-  if (!std::getline(stream_, physical_)) {
+  if (!readLine(stream_, physical_)) {
     if (stream_.bad()) throw IcsError(file_, physicalNumber_, "the file cannot be read any further");
     return false;
   }
