@@ -218,12 +218,15 @@ std::function<void()>& RecordingCalendar::whileCompleting() { return completion;
 
 objc::Owned<EKEventViewController> RecordingCalendar::view(EKEvent* event, const Texts& itemClasses) {
   auto made = objc::make<EKEventViewController, "EKEventViewController">();
+  stateOf<EventViewState>(made.get()).event = objc::Owned<EKEvent>::retain(event);
+  setItems(made.get(), itemClasses);
+  return made;
+}
+
+void RecordingCalendar::setItems(EKEventViewController* view, const Texts& itemClasses) {
   NSMutableArray* const items = NSMutableArray::array();
   for (const std::string& name : itemClasses) addItems(items, name.c_str(), 1);
-  auto& view = stateOf<EventViewState>(made.get());
-  view.event = objc::Owned<EKEvent>::retain(event);
-  view.items = objc::Owned<NSArray>::retain(frozen(items));
-  return made;
+  stateOf<EventViewState>(view).items = objc::Owned<NSArray>::retain(frozen(items));
 }
 
 Texts RecordingCalendar::calls() { return std::exchange(recorded, {}); }

@@ -77,6 +77,8 @@ class RecordingCalendar {
   objc::Owned<EKEventViewController> view(EKEvent* event, const Texts& itemClasses = {
                                                               "EKEventDetailItem", "EKEventAlarmDetailItem",
                                                               "EKEventDetailItem"});
+  /// What its list is built of from now on.
+  static void setItems(EKEventViewController* view, const Texts& itemClasses);
   static NSArray* detailItems(EKEventViewController* view) { return objc::send<"_items", NSArray*>(view); }
   static void appear(EKEventViewController* view) { objc::send<"viewWillAppear:">(view, true); }
   static void disappear(EKEventViewController* view) { objc::send<"viewWillDisappear:">(view, false); }
