@@ -86,6 +86,18 @@ TEST(EventView, WithoutItemComesAndGoesAsTheHosts) {
   EXPECT_EQ(RecordingCalendar::log(), Texts{});
 }
 
+TEST(EventView, OfAPhoneWithoutDetailItemsIsTheHosts) {
+  RecordingCalendar phone({.hasDetailItemClass = false});
+  const auto event = phone.event("a://?o=1");
+  const auto view = phone.view(event.get(), {kAlarm});
+  for (int turn = 0; turn < 2; ++turn) {
+    EXPECT_EQ(classesOf(RecordingCalendar::detailItems(view.get())), Texts{kAlarm});
+    RecordingCalendar::appear(view.get());
+    RecordingCalendar::disappear(view.get());
+  }
+  EXPECT_EQ(phone.calls(), (Texts{"appear animated", "disappear", "appear animated", "disappear"}));
+}
+
 TEST(EventView, FlipWritesAtOnceAndLogsOneLine) {
   RecordingCalendar phone;
   phone.hide({"kept"});
@@ -146,6 +158,29 @@ TEST(EventView, ComingBackFollowsItsOwnEventAndTheStore) {
   EXPECT_TRUE(switchOf(item)->isOn());
   EXPECT_EQ(phone.calls(), (Texts{"appear animated", "disappear", "appear animated", "disappear",
                                   "appear animated", "appear animated"}));
+}
+
+TEST(EventView, HostGoesFirst) {
+  RecordingCalendar phone;
+  phone.hide({"a://"});
+  const auto event = phone.event("a://?o=1");
+  const auto view = phone.view(event.get());
+  NSObject* item = nullptr;
+  // The host builds the process's first list only while its view appears, and asks for the row.
+  phone.whileChangingViews() = [&] {
+    item = ownItem(view.get());
+    cellOf(item);
+    switchOf(item)->setOn(true);
+  };
+  RecordingCalendar::appear(view.get());
+  EXPECT_TRUE((objc::send<"cellIsVisible", bool>(item)));
+  EXPECT_FALSE(switchOf(item)->isOn());
+
+  bool isVisible = false;
+  phone.whileChangingViews() = [&] { isVisible = objc::send<"cellIsVisible", bool>(item); };
+  RecordingCalendar::disappear(view.get());
+  EXPECT_TRUE(isVisible) << "until the host has done its part";
+  EXPECT_FALSE((objc::send<"cellIsVisible", bool>(item)));
 }
 
 TEST(EventView, EventWithoutUrlTextIsShownAndNeverWritten) {

@@ -97,8 +97,16 @@ void complete(NSObject*, SEL, NSInteger action, bool animated) {
   if (completion) completion();
 }
 
-void willAppear(NSObject*, SEL, bool animated) { record(animated ? "appear animated" : "appear"); }
-void willDisappear(NSObject*, SEL, bool animated) { record(animated ? "disappear animated" : "disappear"); }
+std::function<void()> viewChange;
+
+void willAppear(NSObject*, SEL, bool animated) {
+  record(animated ? "appear animated" : "appear");
+  if (viewChange) viewChange();
+}
+void willDisappear(NSObject*, SEL, bool animated) {
+  record(animated ? "disappear animated" : "disappear");
+  if (viewChange) viewChange();
+}
 
 ClassDefinition editorClass(const CalendarShape& shape) {
   ClassDefinition definition{
@@ -143,8 +151,11 @@ RecordingCalendar::RecordingCalendar(const CalendarShape& shape) {
                  .state = state<EventState>(),
                  .methods = {getter<&EventState::externalURI>("externalURI")}});
   registerClass(itemClass("EKEventEditItem", method("setCalendarItem:store:", setCalendarItem)));
-  registerClass(itemClass("EKEventDetailItem", method("setEvent:store:", setEvent)));
-  registerClass({.name = "EKEventAlarmDetailItem", .superclass = "EKEventDetailItem"});
+  if (shape.hasDetailItemClass) {
+    registerClass(itemClass("EKEventDetailItem", method("setEvent:store:", setEvent)));
+  }
+  registerClass({.name = "EKEventAlarmDetailItem",
+                 .superclass = shape.hasDetailItemClass ? "EKEventDetailItem" : "NSObject"});
   registerClass({.name = "EKEventAlarmDetailItemOfAnotherName", .superclass = "EKEventAlarmDetailItem"});
   registerClass({.name = "Controller",
                  .superclass = "NSObject",
@@ -215,6 +226,8 @@ bool RecordingCalendar::isShown(EKEventEditor* editor) {
 }
 
 std::function<void()>& RecordingCalendar::whileCompleting() { return completion; }
+
+std::function<void()>& RecordingCalendar::whileChangingViews() { return viewChange; }
 
 objc::Owned<EKEventViewController> RecordingCalendar::view(EKEvent* event, const Texts& itemClasses) {
   auto made = objc::make<EKEventViewController, "EKEventViewController">();
