@@ -1,14 +1,12 @@
 #include "phone/app/calendar_choice.h"
 
-#include <algorithm>
 #include <array>
-#include <stdexcept>
-#include <strings.h>
+#include <cstdio>
 
 #include "phone/app/phone_files.h"
 #include "phone/app/settings_value.h"
-#include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/phone_root.h"
 #include "platform/foundation/literal.h"
 
 namespace phone {
@@ -24,6 +22,32 @@ NSMutableArray* deselected(NSDictionary* preferences) {
   return list->isKindOfClass(objc::classNamed<"NSArray">()) ? static_cast<NSMutableArray*>(list) : nullptr;
 }
 
+/// The files as the plug-in reads them: none for one that is missing or unreadable.
+struct ChoiceFiles {
+  NSDictionary* settings = NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kSettingsFile)));
+  NSDictionary* calendarApp =
+      NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kCalendarAppPreferences)));
+  NSArray* selection = NSArray::arrayWithContentsOfFile(textObject(std::string(kCalendarSelectionFile)));
+};
+
+bool isOn(const char* setting, const ChoiceFiles& files) {
+  return settingValue(settingNamed(setting), files.settings).inEffect == "on";
+}
+
+LockScreenSearch searchWith(const ChoiceFiles& files) {
+  LockScreenSearch search{.bySelection = !isOn("onlySelectedCalendars", files)};
+  if (!isOn("enabled", files)) {
+    search.whyNothing = "the plug-in is off (\"phone settings set enabled on\" switches it on)";
+  } else if (search.bySelection && files.selection->count() == 0) {
+    search.whyNothing =
+        "it goes by the selection, and none can be read (\"phone calendars select\" makes one)";
+  } else if (!search.bySelection && files.calendarApp == nullptr) {
+    search.whyNothing = "it goes by the Calendar app, whose preferences are missing or unreadable (" +
+                        pathOnThisMachine(kCalendarAppPreferences).string() + ")";
+  }
+  return search;
+}
+
 bool contains(NSArray* list, const std::string& identifier) {
   return list != nullptr && list->indexOfObject(textObject(identifier)) != NSNotFound;
 }
@@ -36,38 +60,27 @@ std::string colorText(std::uint32_t color) {
 
 }  // namespace
 
-std::vector<CalendarChoice> calendarChoices() {
+std::vector<CalendarRecord> storedCalendars() {
   std::vector<CalendarRecord> records;
-  const bool read = withDatabase([&records](CalendarDatabase& database) { records = database.calendars(); });
-  if (!read && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
-  const auto preferences = readDictionary(kCalendarAppPreferences);
-  const auto selection = readArray(kCalendarSelectionFile);
-  std::vector<CalendarChoice> calendars;
-  calendars.reserve(records.size());
-  for (const CalendarRecord& record : records) {
-    calendars.push_back({.identifier = record.identifier,
-                         .title = record.title,
-                         .color = colorText(record.color),
-                         .shown = !contains(deselected(preferences.get()), record.identifier),
-                         .selected = contains(selection.get(), record.identifier)});
-  }
-  return calendars;
+  readDatabase([&records](CalendarDatabase& database) { records = database.calendars(); });
+  return records;
 }
 
-const CalendarChoice& calendarMeant(const std::vector<CalendarChoice>& calendars, const std::string& meant) {
-  const auto named = [&meant](const CalendarChoice& calendar) {
-    return calendar.identifier == meant || strcasecmp(calendar.title.c_str(), meant.c_str()) == 0;
-  };
-  const auto found = std::find_if(calendars.begin(), calendars.end(), named);
-  if (found == calendars.end()) {
-    throw std::runtime_error("there is no calendar \"" + meant + "\"; \"phone calendars list\" shows all");
+std::vector<CalendarChoice> calendarChoices() {
+  const ChoiceFiles files;
+  const LockScreenSearch search = searchWith(files);
+  std::vector<CalendarChoice> calendars;
+  for (const CalendarRecord& record : storedCalendars()) {
+    CalendarChoice calendar{.identifier = record.identifier,
+                            .title = record.title,
+                            .color = colorText(record.color),
+                            .shown = !contains(deselected(files.calendarApp), record.identifier),
+                            .selected = contains(files.selection, record.identifier)};
+    calendar.searched =
+        search.whyNothing.empty() && (search.bySelection ? calendar.selected : calendar.shown);
+    calendars.push_back(std::move(calendar));
   }
-  if (std::find_if(found + 1, calendars.end(), named) != calendars.end()) {
-    throw std::runtime_error("several calendars are called \"" + meant +
-                             "\"; name it by its identifier, which \"phone calendars "
-                             "list\" shows");
-  }
-  return *found;
+  return calendars;
 }
 
 void setShown(const std::vector<std::string>& identifiers, bool shown) {
@@ -89,9 +102,6 @@ void setSelected(const std::vector<std::string>& identifiers) {
   writeFile(kCalendarSelectionFile, list);
 }
 
-bool selectionIsInEffect() {
-  return settingValue(settingNamed("onlySelectedCalendars"), readDictionary(kSettingsFile).get()).inEffect ==
-         "off";
-}
+LockScreenSearch lockScreenSearch() { return searchWith(ChoiceFiles()); }
 
 }  // namespace phone

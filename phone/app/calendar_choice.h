@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "phone/eventkit/calendar_database.h"
+
 namespace phone {
 
 struct CalendarChoice {
@@ -15,21 +17,30 @@ struct CalendarChoice {
   bool shown = true;
   /// In the plug-in's calendar selection.
   bool selected = false;
+  /// Whether the lock screen searches it.
+  bool searched = false;
 };
 
-/// The calendars, in the store's order. Throws std::runtime_error when store or files cannot be read.
+/// What the plug-in goes by when it chooses the calendars.
+struct LockScreenSearch {
+  /// By its own selection (its setting onlySelectedCalendars is off), else by the Calendar app's.
+  bool bySelection = false;
+  /// Why it searches no calendar at all, for people; empty when it searches what it goes by.
+  std::string whyNothing = {};
+};
+
+/// The calendars, in the store's order. Throws std::runtime_error when the store cannot be read.
+std::vector<CalendarRecord> storedCalendars();
+
+/// The same with their choices, read as the plug-in reads them.
 std::vector<CalendarChoice> calendarChoices();
 
-/// The one that the user means by its name or identifier. Throws std::runtime_error when none or several fit.
-const CalendarChoice& calendarMeant(const std::vector<CalendarChoice>& calendars, const std::string& meant);
+LockScreenSearch lockScreenSearch();
 
 /// Switches calendars on or off in the Calendar app; the rest of its preferences stays.
 void setShown(const std::vector<std::string>& identifiers, bool shown);
 
 /// Replaces the plug-in's selection; the order counts.
 void setSelected(const std::vector<std::string>& identifiers);
-
-/// Whether the plug-in goes by its own selection: its setting onlySelectedCalendars is off.
-bool selectionIsInEffect();
 
 }  // namespace phone

@@ -5,33 +5,37 @@
 #include <nlohmann/json.hpp>
 
 #include "phone/app/calendar_choice.h"
+#include "phone/app/printable.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
+#include "phone/eventkit/calendar_lookup.h"
 
 namespace phone {
 
 namespace {
 
-bool isSearched(const CalendarChoice& calendar, bool bySelection) {
-  return bySelection ? calendar.selected : calendar.shown;
+std::string describe(const LockScreenSearch& search) {
+  if (!search.whyNothing.empty()) return "The lock screen searches no calendar: " + search.whyNothing + ".";
+  return search.bySelection ? "The lock screen goes by the selection (onlySelectedCalendars is off)."
+                            : "The lock screen goes by the Calendar app (onlySelectedCalendars is on).";
 }
 
-void listForPeople(const std::vector<CalendarChoice>& calendars, bool bySelection) {
+void listForPeople(const std::vector<CalendarChoice>& calendars) {
   for (const CalendarChoice& calendar : calendars) {
-    std::cout << calendar.title << "\n    " << calendar.color << "  " << calendar.identifier << "\n    "
-              << (calendar.shown ? "shown" : "hidden") << " in the Calendar app, "
-              << (calendar.selected ? "" : "not ") << "selected for the lock screen: "
-              << (isSearched(calendar, bySelection) ? "searched" : "not searched") << "\n";
+    std::cout << printable(calendar.title) << "\n    " << calendar.color << "  " << calendar.identifier
+              << "\n    " << (calendar.shown ? "shown" : "hidden") << " in the Calendar app, "
+              << (calendar.selected ? "" : "not ")
+              << "selected for the lock screen: " << (calendar.searched ? "searched" : "not searched")
+              << "\n";
   }
   if (calendars.empty()) {
     std::cout << "There are no calendars; \"phone import FILE.ics\" brings some in.\n";
     return;
   }
-  std::cout << (bySelection ? "The lock screen goes by the selection (onlySelectedCalendars is off).\n"
-                            : "The lock screen goes by the Calendar app (onlySelectedCalendars is on).\n");
+  std::cout << describe(lockScreenSearch()) << "\n";
 }
 
-void listAsJson(const std::vector<CalendarChoice>& calendars, bool bySelection) {
+void listAsJson(const std::vector<CalendarChoice>& calendars) {
   auto all = nlohmann::ordered_json::array();
   for (const CalendarChoice& calendar : calendars) {
     all.push_back({{"identifier", calendar.identifier},
@@ -39,13 +43,13 @@ void listAsJson(const std::vector<CalendarChoice>& calendars, bool bySelection) 
                    {"color", calendar.color},
                    {"isShown", calendar.shown},
                    {"isSelected", calendar.selected},
-                   {"isSearched", isSearched(calendar, bySelection)}});
+                   {"isSearched", calendar.searched}});
   }
   std::cout << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
 }
 
 std::vector<std::string> identifiersOf(const std::vector<std::string>& meant) {
-  const std::vector<CalendarChoice> calendars = calendarChoices();
+  const std::vector<CalendarRecord> calendars = storedCalendars();
   std::vector<std::string> identifiers;
   identifiers.reserve(meant.size());
   for (const std::string& name : meant) identifiers.push_back(calendarMeant(calendars, name).identifier);
@@ -84,7 +88,7 @@ void addSelect(CLI::App& calendars, const Invocation& invocation,
       throw WrongUse("name the calendars, or give --none");
     invocation.openPhone();
     setSelected(identifiersOf(arguments->calendars));
-    if (selectionIsInEffect()) return;
+    if (lockScreenSearch().bySelection) return;
     std::cerr
         << "phone calendars select: the lock screen still goes by the Calendar app; \"phone settings set "
            "onlySelectedCalendars off\" lets it go by this choice\n";
@@ -105,7 +109,7 @@ void addCalendarsVerb(CLI::App& command, const Invocation& invocation) {
   list->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each calendar");
   list->callback([&invocation, arguments] {
     invocation.openPhone();
-    (arguments->json ? listAsJson : listForPeople)(calendarChoices(), selectionIsInEffect());
+    (arguments->json ? listAsJson : listForPeople)(calendarChoices());
   });
   addShownVerb(*calendars, invocation, arguments, true);
   addShownVerb(*calendars, invocation, arguments, false);

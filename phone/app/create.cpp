@@ -3,6 +3,8 @@
 #include <iostream>
 
 #include "phone/app/phone_files.h"
+#include "phone/app/phone_in_the_making.h"
+#include "phone/app/printable.h"
 #include "phone/app/verbs.h"
 #include "phone/foundation/foundation.h"
 #include "phone/foundation/phone_root.h"
@@ -27,14 +29,16 @@ void makeSureThereIsRoom(const fs::path& root) {
 
 void create(const fs::path& root) {
   makeSureThereIsRoom(root);
-  startFoundation({.root = fs::absolute(root)});
+  PhoneInTheMaking made(fs::absolute(root));
+  startFoundation({.root = made.workshop()});
+  installStockIcons(made.workshop());
   for (const char* folder : {"/var/mobile/Library/Preferences", "/var/mobile/Library/Calendar"}) {
     fs::create_directories(pathOnThisMachine(folder));
   }
-  installStockIcons(fs::absolute(root));
   // The Calendar app keeps its choices from its first start on; without the file no calendar counts as shown.
   writeFile(kCalendarAppPreferences, NSMutableDictionary::dictionary());
-  std::cout << "made a phone in " << root.string() << "\n";
+  made.finish({"Applications", "var"});
+  std::cout << "made a phone in " << printable(root.string()) << "\n";
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // phone event new and edit: the event editor, filled in and closed.
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <memory>
+#include <ostream>
 
 #include "phone/app/calendar_screen_text.h"
 #include "phone/app/event_meant.h"
@@ -9,6 +9,7 @@
 #include "phone/app/local_time.h"
 #include "phone/app/lockscreen_switch.h"
 #include "phone/app/phone_files.h"
+#include "phone/app/picture_option.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
 #include "platform/eventkit/ek_event.h"
@@ -28,7 +29,7 @@ struct Arguments {
   std::string allDay;
   std::string showOnLockscreen;
   bool cancel = false;
-  std::string png;
+  PictureOption picture;
 };
 
 EventFields fieldsOf(const Arguments& arguments) {
@@ -49,8 +50,8 @@ std::string edit(CalendarProcess& calendar, EKEventEditor* editor, const EventFi
   if (!arguments.showOnLockscreen.empty()) {
     calendar.setSwitch(editor, kLockscreenSwitch, arguments.showOnLockscreen == "on");
   }
-  if (!arguments.png.empty()) calendar.draw(editor, arguments.png);
-  std::cout << textOf(calendar.screenOf(editor));
+  if (arguments.picture.isWanted()) arguments.picture.write(calendar.pictureOf(editor));
+  arguments.picture.text() << textOf(calendar.screenOf(editor));
   const auto event = objc::Owned<EKEvent>::retain(static_cast<EKEvent*>(editor->calendarItem()));
   closeEditor(calendar, editor, arguments.cancel ? EditAction::kCancelled : EditAction::kSaved);
   const std::string identifier = utf8(event->eventIdentifier());
@@ -69,7 +70,7 @@ void addFieldOptions(CLI::App& verb, Arguments& arguments) {
   verb.add_option("--all-day", arguments.allDay, "on or off")->check(CLI::IsMember({"on", "off"}));
   verb.add_option("--show-on-lockscreen", arguments.showOnLockscreen, "on or off: the switch's position")
       ->check(CLI::IsMember({"on", "off"}));
-  verb.add_option("--png", arguments.png, "Draw the editor into this file before it is closed");
+  arguments.picture.addTo(verb, "Draw the editor into this file before it is closed");
   arguments.host.addOptionsTo(verb);
 }
 
@@ -86,7 +87,8 @@ void addEventNewVerb(CLI::App& event, const Invocation& invocation) {
   verb->callback([&invocation, arguments] {
     const EventFields fields = fieldsOf(*arguments);
     auto calendar = CalendarProcess::boot(arguments->host.options(invocation.root()), invocation.plugin());
-    std::cout << "\n" << edit(calendar, calendar.newEvent(), fields, *arguments) << "\n";
+    const std::string identifier = edit(calendar, calendar.newEvent(), fields, *arguments);
+    arguments->picture.text() << "\n" << identifier << "\n";
   });
 }
 

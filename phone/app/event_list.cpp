@@ -8,10 +8,10 @@
 #include "phone/app/hidden_events.h"
 #include "phone/app/host_arguments.h"
 #include "phone/app/local_time.h"
+#include "phone/app/number_option.h"
 #include "phone/app/printable.h"
 #include "phone/app/verbs.h"
 #include "phone/eventkit/event_query.h"
-#include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/identifiers.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/foundation.h"
@@ -38,7 +38,7 @@ std::vector<ListedEvent> comingEvents(double now, int days) {
   std::vector<ListedEvent> events;
   const HiddenEvents hiddenEvents;
   const auto start = static_cast<Seconds>(now);
-  const bool read = withDatabase([&](CalendarDatabase& database) {
+  readDatabase([&](CalendarDatabase& database) {
     std::map<std::int64_t, CalendarRecord> calendars;
     std::vector<std::int64_t> rows;
     for (const CalendarRecord& calendar : database.calendars()) {
@@ -53,7 +53,6 @@ std::vector<ListedEvent> comingEvents(double now, int days) {
       events.push_back({std::move(occurrence), std::move(identifier), calendar.title, hidden});
     }
   });
-  if (!read && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
   return events;
 }
 
@@ -97,9 +96,9 @@ void addEventListVerb(CLI::App& event, const Invocation& invocation) {
   CLI::App* const verb =
       addVerb(event, "list", "List the coming events of all calendars", "phone event list --days 30");
   const auto arguments = std::make_shared<Arguments>();
-  verb->add_option("--days", arguments->days, "How many days to list, from now on")
-      ->check(CLI::Range(1, 3650))
-      ->capture_default_str();
+  requireWholeNumber(*verb->add_option("--days", arguments->days, "How many days to list, from now on")
+                          ->capture_default_str(),
+                     1, 3650);
   verb->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each event");
   arguments->host.addOptionsTo(*verb);
   verb->callback([&invocation, arguments] {

@@ -5,7 +5,6 @@
 
 #include "phone/app/local_time.h"
 #include "phone/eventkit/event_lookup.h"
-#include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/store_connection.h"
 
 namespace phone {
@@ -30,9 +29,7 @@ std::string namesOf(const std::vector<NamedEvent>& events) {
 
 std::string eventMeant(const std::string& text) {
   std::vector<NamedEvent> events;
-  const bool read =
-      withDatabase([&](CalendarDatabase& database) { events = eventsNamed(database, text, phoneZone()); });
-  if (!read && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
+  readDatabase([&](CalendarDatabase& database) { events = eventsNamed(database, text, phoneZone()); });
   if (events.empty()) {
     throw std::runtime_error("there is no event \"" + text +
                              "\"; \"phone event list\" shows the coming ones");

@@ -1,11 +1,12 @@
 // phone event show: the event view as text, and as a picture.
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <memory>
+#include <ostream>
 
 #include "phone/app/calendar_screen_text.h"
 #include "phone/app/event_meant.h"
 #include "phone/app/host_arguments.h"
+#include "phone/app/picture_option.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
 
@@ -16,14 +17,14 @@ namespace {
 struct Arguments {
   HostArguments host;
   std::string event;
-  std::string png;
+  PictureOption picture;
 };
 
 void show(const Arguments& arguments, const Invocation& invocation) {
   auto calendar = CalendarProcess::boot(arguments.host.options(invocation.root()), invocation.plugin());
   EKEventViewController* const view = calendar.openEvent(eventMeant(arguments.event));
-  if (!arguments.png.empty()) calendar.draw(view, arguments.png);
-  std::cout << textOf(calendar.screenOf(view));
+  if (arguments.picture.isWanted()) arguments.picture.write(calendar.pictureOf(view));
+  arguments.picture.text() << textOf(calendar.screenOf(view));
 }
 
 }  // namespace
@@ -33,7 +34,7 @@ void addEventShowVerb(CLI::App& event, const Invocation& invocation) {
                                  "phone event show \"Team meeting\" --png event.png");
   const auto arguments = std::make_shared<Arguments>();
   verb->add_option("EVENT", arguments->event, kEventArgument)->required();
-  verb->add_option("--png", arguments->png, "Draw the view into this file");
+  arguments->picture.addTo(*verb, "Draw the view into this file");
   arguments->host.addOptionsTo(*verb);
   verb->callback([&invocation, arguments] { show(*arguments, invocation); });
 }

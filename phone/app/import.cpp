@@ -69,7 +69,7 @@ void addImportVerb(CLI::App& command, const Invocation& invocation) {
   const auto arguments = std::make_shared<Arguments>();
   verb->add_option("PATH", arguments->paths,
                    "An .ics file, or a folder of .ics files (one calendar, named and coloured by the files "
-                   "\"displayname\" and \"color\" beside them)")
+                   "\"displayname\" and \"color\" beside them); - is the standard input")
       ->required();
   verb->add_flag("--remove-missing", arguments->removeMissing,
                  "Remove the events of these calendars that came from a file once and are in none now");

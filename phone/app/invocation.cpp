@@ -35,6 +35,9 @@ fs::path Invocation::root() const {
   const fs::path root = rootName();
   std::error_code error;
   if (!fs::is_directory(root / "var/mobile/Library", error)) {
+    if (error == std::errc::permission_denied || error == std::errc::too_many_symbolic_link_levels) {
+      throw std::runtime_error("cannot look for a phone in " + root.string() + ": " + error.message());
+    }
     throw std::runtime_error("there is no phone in " + root.string() +
                              ": make one with \"phone create --root " + root.string() +
                              "\", or name another with --root or $TAVIMO_PHONE");

@@ -8,6 +8,8 @@
 #include "phone/app/host_arguments.h"
 #include "phone/app/local_time.h"
 #include "phone/app/lock_screen_report.h"
+#include "phone/app/number_option.h"
+#include "phone/app/picture_option.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
 #include "phone/eventkit/store_connection.h"
@@ -28,11 +30,14 @@ struct Arguments {
   std::string wake;
   std::size_t scroll = 0;
   std::size_t tap = 0;
-  std::string png;
+  PictureOption picture;
   std::string wallpaper;
   double scale = 2;
   std::string size = "320x568";
 };
+
+/// More than any list has.
+constexpr long kMostRows = 1'000'000;
 
 /// The Now Playing screen takes the events away five seconds after it comes up.
 constexpr std::chrono::seconds kNowPlayingWait{6};
@@ -48,13 +53,15 @@ OwnNotification notificationOf(const std::string& text) {
 HostOptions hostOptionsOf(const Arguments& arguments, const std::filesystem::path& root) {
   HostOptions options = arguments.host.options(root);
   options.screenScale = arguments.scale;
-  char rest = 0;
-  const int read =
-      std::sscanf(arguments.size.c_str(), "%lfx%lf%c", &options.screenWidth, &options.screenHeight, &rest);
+  const std::size_t between = arguments.size.find('x');
+  const auto width = decimalNumber(arguments.size.substr(0, between));
+  const auto height = decimalNumber(between == std::string::npos ? "" : arguments.size.substr(between + 1));
   const auto fits = [](double points) { return points >= 100 && points <= 2000; };
-  if (read != 2 || !fits(options.screenWidth) || !fits(options.screenHeight)) {
+  if (!width || !height || !fits(*width) || !fits(*height)) {
     throw WrongUse("--size \"" + arguments.size + "\": write WIDTHxHEIGHT in points, each from 100 to 2000");
   }
+  options.screenWidth = *width;
+  options.screenHeight = *height;
   return options;
 }
 
@@ -94,24 +101,27 @@ void run(const Arguments& arguments, const Invocation& invocation) {
   if (!arguments.wake.empty()) report.wake = wake(home, arguments.wake);
   if (arguments.nowPlaying) playNow(home);
   report.rows = home.rows();
+  // The plug-in shows what it has and says nothing; a list that lacks events for that reason is no answer
+  // here.
+  if (!firstStoreProblem().empty()) throw std::runtime_error(firstStoreProblem());
   if (arguments.scroll > 0) home.scrollTo(rowIndex(arguments.scroll, report.rows));
-  if (!arguments.png.empty()) writePng(home.picture(), arguments.png);
+  if (arguments.picture.isWanted()) arguments.picture.write(home.picture());
   if (arguments.tap > 0) {
     const Launch launch = home.tap(rowIndex(arguments.tap, report.rows)).value_or(Launch{});
     report.tap = {.row = arguments.tap, .url = launch.url, .bundleID = launch.bundleID};
   }
   if (arguments.log) report.log = logLines();
-  arguments.json ? printJson(report, std::cout) : printText(report, std::cout);
+  (arguments.json ? printJson : printText)(report, arguments.picture.text());
   if (!arguments.json) std::cerr << "loaded in " << std::round(loadTime.count() * 10) / 10 << " ms\n";
 }
 
 void addLookOptions(CLI::App& verb, Arguments& arguments) {
   verb.add_flag("--json", arguments.json, "Print JSON instead of text");
   verb.add_flag("--log", arguments.log, "Print what the phone logged, too");
-  verb.add_option("--png", arguments.png, "Draw the lock screen into this file");
-  verb.add_option("--scale", arguments.scale, "Pixels per point")
-      ->check(CLI::Range(1.0, 3.0))
-      ->capture_default_str();
+  arguments.picture.addTo(verb, "Draw the lock screen into this file");
+  requireNumber(
+      *verb.add_option("--scale", arguments.scale, "Pixels per point, from 1 to 3")->capture_default_str(), 1,
+      3);
   verb.add_option("--size", arguments.size, "The screen's size in points, WIDTHxHEIGHT")
       ->capture_default_str();
   verb.add_option("--wallpaper", arguments.wallpaper, "A PNG or JPEG file to lie behind everything");
@@ -126,10 +136,11 @@ void addDeedOptions(CLI::App& verb, Arguments& arguments) {
                 "Bring the Now Playing screen up, and wait six seconds for what it does to the list");
   verb.add_option("--wake", arguments.wake,
                   "Ask the item of this title to wake the screen, and say whether it does");
-  verb.add_option("--scroll", arguments.scroll, "Scroll to this item, counted from 1")
-      ->check(CLI::PositiveNumber);
-  verb.add_option("--tap", arguments.tap, "Tap this item, counted from 1, and say what it opens")
-      ->check(CLI::PositiveNumber);
+  requireWholeNumber(*verb.add_option("--scroll", arguments.scroll, "Scroll to this item, counted from 1"), 1,
+                     kMostRows);
+  requireWholeNumber(
+      *verb.add_option("--tap", arguments.tap, "Tap this item, counted from 1, and say what it opens"), 1,
+      kMostRows);
 }
 
 }  // namespace

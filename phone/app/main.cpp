@@ -1,9 +1,11 @@
 // The `phone` command: makes, fills, sets up and looks at a stand-in phone. This file parses and turns errors
 // into exit codes: 0 done, 1 could not do it, 2 wrong use.
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <iostream>
 
+#include "phone/app/parse_words.h"
+#include "phone/app/printable.h"
+#include "phone/app/process_start.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
 #include "platform/foundation/autorelease_pool.h"
@@ -44,12 +46,13 @@ std::string missingVerb(const CLI::App& command) {
 
 std::string reasonOf(const CLI::App& command, const CLI::ParseError& error) {
   const bool needsVerb = !innermostVerb(&command)->get_subcommands({}).empty();
-  return needsVerb && error.get_name() == "RequiredError" ? missingVerb(command) : error.what();
+  return needsVerb && error.get_name() == "RequiredError" ? missingVerb(command) : inWords(error);
 }
 
 int refuse(const CLI::App& command, const std::string& reason) {
   const std::string words = spokenSoFar(&command);
-  std::cerr << words << ": " << reason << "\n(\"" << words << " --help\" shows how it is used)\n";
+  std::cerr << words << ": " << printableLines(reason) << "\n(\"" << words
+            << " --help\" shows how it is used)\n";
   return kWrongUse;
 }
 
@@ -80,7 +83,7 @@ int run(int argc, char** argv) {
   } catch (const WrongUse& error) {
     return refuse(command, error.what());
   } catch (const std::exception& error) {
-    std::cerr << spokenSoFar(&command) << ": " << error.what() << "\n";
+    std::cerr << spokenSoFar(&command) << ": " << printableLines(describeError(error)) << "\n";
     return kCouldNotDoIt;
   }
   return 0;
@@ -91,12 +94,8 @@ int run(int argc, char** argv) {
 }  // namespace phone
 
 int main(int argc, char** argv) {
+  phone::prepareStreams();
+  if (const int code = phone::refuseBrokenTexts(argc, argv); code != 0) return code;
   const AutoreleasePool pool;
-  const int code = phone::run(argc, argv);
-  std::cout.flush();
-  if (!std::cout) {
-    std::cerr << "phone: the output could not be written\n";
-    return code == 0 ? phone::kCouldNotDoIt : code;
-  }
-  return code;
+  return phone::finishOutput(phone::run(argc, argv));
 }

@@ -39,6 +39,12 @@ void writeFile(std::string_view phoneFile, NSObject* content) {
 void removeFile(std::string_view phoneFile) {
   const std::filesystem::path file = pathOnThisMachine(phoneFile);
   std::error_code error;
+  using Type = std::filesystem::file_type;
+  const Type type = std::filesystem::symlink_status(file, error).type();
+  if (type == Type::not_found) return;
+  if (type != Type::none && type != Type::regular && type != Type::symlink) {
+    throw std::runtime_error(file.string() + ": cannot be removed: it is no plain file");
+  }
   std::filesystem::remove(file, error);
   if (error) throw std::runtime_error(file.string() + ": cannot be removed: " + error.message());
 }

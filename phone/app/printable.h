@@ -1,4 +1,4 @@
-// Texts from calendars and files on a terminal.
+// Texts from calendars, files and users on a terminal.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@ namespace phone {
 
 /// The text with every control character as a space: a title may hold anything, and a terminal must not act
 /// on it.
-inline std::string printable(std::string text) {
-  for (char& c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || byte == 0x7f) c = ' ';
-  }
-  return text;
-}
+std::string printable(const std::string& text);
+
+/// The same for what may have several lines.
+std::string printableLines(const std::string& text);
+
+/// The text in quotes, for an error: bytes that are no UTF-8 as "\xFF".
+std::string inQuotes(const std::string& text);
 
 }  // namespace phone

@@ -41,7 +41,7 @@ ScreenBar barOf(UIViewController* controller) {
 /// Borrowed. Throws std::runtime_error when there is none.
 EKEvent* findEvent(EKEventStore* store, const std::string& identifier) {
   EKEvent* const event = store->eventWithIdentifier(NSString::stringWithUTF8String(identifier.c_str()));
-  if (event == nullptr) throw std::runtime_error("There is no event \"" + identifier + "\".");
+  if (event == nullptr) throw std::runtime_error("there is no event \"" + identifier + "\"");
   return event;
 }
 
@@ -99,7 +99,7 @@ EKEventEditor* CalendarProcess::open(EKEvent* event, EKEventViewController* cove
 EKEventEditor* CalendarProcess::editFrontEvent() {
   const AutoreleasePool pool;
   EKEventViewController* const view = frontView();
-  if (view == nullptr) throw std::runtime_error("No event is shown, so there is nothing to edit.");
+  if (view == nullptr) throw std::runtime_error("no event is shown, so there is nothing to edit");
   // The editor changes an event object of its own: a cancelled change leaves no trace in the view.
   return open(findEvent(store(), view->event()->eventIdentifier()->UTF8String()), view, false);
 }
@@ -151,10 +151,6 @@ Surface CalendarProcess::pictureOf(UIViewController* controller) const {
   return drawScreen(barOf(controller), rowsOf(controller));
 }
 
-void CalendarProcess::draw(UIViewController* controller, const std::filesystem::path& png) const {
-  writePng(pictureOf(controller), png);
-}
-
 void CalendarProcess::setSwitch(UIViewController* controller, const std::string& row, bool on) {
   const AutoreleasePool pool;
   for (const auto& group : rowsOf(controller).groups) {
@@ -165,7 +161,7 @@ void CalendarProcess::setSwitch(UIViewController* controller, const std::string&
       return;
     }
   }
-  throw std::runtime_error("The screen has no switch \"" + row + "\".");
+  throw std::runtime_error("the screen has no switch \"" + row + "\"");
 }
 
 }  // namespace phone

@@ -52,11 +52,10 @@ class CalendarProcess {
   /// editor is still open then.
   bool close(EKEventEditor* editor, EditAction action);
 
-  /// The screen of an open editor or event view, as data, as a picture, or as a PNG file. The latter two
-  /// throw std::runtime_error when the picture would be too large or the file cannot be written.
+  /// The screen of an open editor or event view, as data or as a picture. The latter throws
+  /// std::runtime_error when it would be too large.
   CalendarScreen screenOf(UIViewController* controller) const;
   Surface pictureOf(UIViewController* controller) const;
-  void draw(UIViewController* controller, const std::filesystem::path& png) const;
 
   /// Flips the switch in the row of that text, if it is not in that position yet. Throws std::runtime_error
   /// when the screen has no such row.

@@ -146,7 +146,7 @@ CalendarScreen describe(const ScreenBar& bar, const ItemTable& table) {
 
 Surface drawScreen(const ScreenBar& bar, const ItemTable& table) {
   Surface picture = pictureOfView(Sheet(bar, table).view(), hostOptions().screenScale);
-  if (picture == nullptr) throw std::runtime_error("The screen is too large to be drawn.");
+  if (picture == nullptr) throw std::runtime_error("the screen is too large to be drawn");
   return picture;
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "phone/eventkit/calendar_lookup.h"
 #include "phone/eventkit/store_connection.h"
 #include "platform/eventkit/ek_calendar.h"
 #include "platform/eventkit/ek_event.h"
@@ -15,34 +16,35 @@ namespace phone {
 
 namespace {
 
-NSString* nsString(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
+/// Borrowed. Throws std::runtime_error for what is no text: the event would lose the field.
+NSString* textObject(const char* field, const std::string& text) {
+  NSString* const object = NSString::stringWithUTF8String(text.c_str());
+  if (object == nullptr) throw std::runtime_error(std::string("the ") + field + " is no UTF-8 text");
+  return object;
+}
 
 NSDate* dateAt(double seconds) { return NSDate::dateWithTimeIntervalSinceReferenceDate(seconds); }
 
 EKCalendar* findCalendar(EKEventStore* store, const std::string& wanted) {
-  if (EKCalendar* const calendar = store->calendarWithIdentifier(nsString(wanted))) return calendar;
-  std::string titles;
-  NSArray* const calendars = store->calendars();
-  for (NSUInteger i = 0; i < calendars->count(); ++i) {
-    auto* const calendar = static_cast<EKCalendar*>(calendars->objectAtIndex(i));
-    const std::string title = calendar->title()->UTF8String();
-    if (title == wanted) return calendar;
-    titles += (titles.empty() ? "" : ", ") + title;
-  }
-  throw std::runtime_error("There is no calendar \"" + wanted + "\". The calendars are: " + titles + ".");
+  std::vector<CalendarRecord> calendars;
+  readDatabase([&calendars](CalendarDatabase& database) { calendars = database.calendars(); });
+  const std::string identifier = calendarMeant(calendars, wanted).identifier;
+  return store->calendarWithIdentifier(NSString::stringWithUTF8String(identifier.c_str()));
 }
 
 }  // namespace
 
 void enterFields(EKEvent* event, EKEventStore* store, const EventFields& fields) {
+  NSString* const title = fields.title ? textObject("title", *fields.title) : nullptr;
+  NSString* const location = fields.location ? textObject("location", *fields.location) : nullptr;
   EKCalendar* const calendar = fields.calendar ? findCalendar(store, *fields.calendar) : event->calendar();
   const double oldStart = event->startDate()->timeIntervalSinceReferenceDate();
   const double length = event->endDate()->timeIntervalSinceReferenceDate() - oldStart;
   const double start = fields.start.value_or(oldStart);
   const double end = fields.end.value_or(start + length);
-  if (end < start) throw std::runtime_error("The event would end before it starts.");
-  if (fields.title) event->setTitle(nsString(*fields.title));
-  if (fields.location) event->setLocation(nsString(*fields.location));
+  if (end < start) throw std::runtime_error("the event would end before it starts");
+  if (fields.title) event->setTitle(title);
+  if (fields.location) event->setLocation(location);
   if (fields.allDay) event->setAllDay(*fields.allDay);
   event->setStartDate(dateAt(start));
   event->setEndDate(dateAt(end));

@@ -17,12 +17,12 @@ struct EventFields {
   std::optional<double> start = {};
   std::optional<double> end = {};
   std::optional<bool> allDay = {};
-  /// Title or identifier of one of the store's calendars.
+  /// Name or identifier of one of the store's calendars, as calendarMeant() takes it.
   std::optional<std::string> calendar = {};
 };
 
-/// Changes the event, which is not saved by that. Throws std::runtime_error for a calendar that there is not
-/// and for an end before the start; the event is then unchanged.
+/// Changes the event, which is not saved by that. Throws std::runtime_error for a calendar that there is not,
+/// a text that is not UTF-8, and an end before the start; the event is then unchanged.
 void enterFields(EKEvent* event, EKEventStore* store, const EventFields& fields);
 
 /// A new event before its user has entered anything: an hour from the next full hour on, in the default

@@ -3,19 +3,31 @@
 #include "phone/eventkit/calendar_color.h"
 #include "phone/eventkit/identifiers.h"
 #include "phone/eventkit/schema.h"
+#include "phone/foundation/atomic_file.h"
 
 namespace phone {
 
 namespace {
 
-std::filesystem::path withFolder(const std::filesystem::path& file, OpenMode mode) {
-  if (mode != OpenMode::kCreate || !file.has_parent_path()) return file;
+/// Makes the file, if there is none, with its folder. It is there whole or not at all: an empty file would be
+/// a lost database that nobody notices.
+void createIfMissing(const std::filesystem::path& file) {
   std::error_code error;
+  if (std::filesystem::exists(file, error)) return;
   std::filesystem::create_directories(file.parent_path(), error);
   if (error) {
     throw DatabaseError(file.parent_path().string() + ": the folder cannot be made (" + error.message() +
                         ")");
   }
+  try {
+    createFileAtomically(file, newDatabaseContent());
+  } catch (const std::runtime_error& failure) {
+    throw DatabaseError(failure.what());
+  }
+}
+
+const std::filesystem::path& prepare(const std::filesystem::path& file, OpenMode mode) {
+  if (mode == OpenMode::kCreate) createIfMissing(file);
   return file;
 }
 
@@ -26,14 +38,10 @@ CalendarRecord readCalendar(Statement& row) {
 }  // namespace
 
 CalendarDatabase::CalendarDatabase(const std::filesystem::path& file, OpenMode mode)
-    : connection_(withFolder(file, mode), mode) {
+    : connection_(prepare(file, mode)) {
   // Enough for a large import to stay in memory until it is written at once.
   connection_.execute("PRAGMA cache_size = -32768");
-  if (mode == OpenMode::kCreate) {
-    createTables(connection_);
-  } else if (!hasTables(connection_)) {
-    throw DatabaseError(file.string() + ": the calendar database is empty; import a calendar");
-  }
+  requireTables(connection_);
 }
 
 Statement& CalendarDatabase::prepared(const char* sql) {

@@ -25,6 +25,8 @@ struct CalendarRecord {
   std::uint32_t color = 0;
 };
 
+enum class OpenMode { kExisting, kCreate };
+
 class CalendarDatabase {
  public:
   /// Opens the file, creating it with its folder if asked to. Throws DatabaseError.

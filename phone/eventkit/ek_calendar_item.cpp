@@ -1,3 +1,6 @@
+#include <cstdio>
+#include <cstdlib>
+
 #include "phone/eventkit/ek_objects.h"
 #include "phone/eventkit/identifiers.h"
 
@@ -37,16 +40,25 @@ NSString* identifierOf(EKCalendarItem* object) {
   return item.identifier.get();
 }
 
+void requireStore(const EKCalendarItem* item, SEL message) {
+  if (!stateOf<CalendarItemState>(item).store.expired()) return;
+  std::fprintf(stderr, "message %s: the %s %p has lost its content, because its EKEventStore is gone\n",
+               sel_getName(message), object_getClassName(objc::asObject(item)),
+               static_cast<const void*>(item));
+  std::abort();
+}
+
 ClassDefinition ekCalendarItem() {
   using State = CalendarItemState;
   return {.name = "EKCalendarItem",
           .superclass = "NSObject",
           .state = state<State>(),
-          .methods = {getter<&State::title>("title"), setter<&State::title>("setTitle:"),
-                      getter<&State::location>("location"), setter<&State::location>("setLocation:"),
-                      getter<&State::calendar>("calendar"), setter<&State::calendar>("setCalendar:"),
-                      method("externalURI", externalAddressOf), method("externalURL", externalAddressOf),
-                      method("hasRecurrenceRules", hasRecurrenceRules), method("isNew", isNew)}};
+          .methods = {
+              storeGetter<&State::title>("title"), storeSetter<&State::title>("setTitle:"),
+              storeGetter<&State::location>("location"), storeSetter<&State::location>("setLocation:"),
+              storeGetter<&State::calendar>("calendar"), storeSetter<&State::calendar>("setCalendar:"),
+              storeMethod<externalAddressOf>("externalURI"), storeMethod<externalAddressOf>("externalURL"),
+              storeMethod<hasRecurrenceRules>("hasRecurrenceRules"), storeMethod<isNew>("isNew")}};
 }
 
 }  // namespace phone

@@ -10,9 +10,14 @@ objc::Owned<NSDate> dateAt(Seconds instant) {
       NSDate::dateWithTimeIntervalSinceReferenceDate(static_cast<double>(instant)));
 }
 
+StoreLife::weak_type lifeOf(EKEventStore* store) {
+  return store == nullptr ? StoreLife::weak_type() : stateOf<EventStoreState>(store).life;
+}
+
 EKEvent* eventWithEventStore(Class, SEL, EKEventStore* store) {
   auto event = objc::make<EKEvent, "EKEvent">();
   auto& item = stateOf<CalendarItemState>(event.get());
+  item.store = lifeOf(store);
   item.title = objc::Owned<NSString>::retain(""_ns);
   item.calendar =
       objc::Owned<EKCalendar>::retain(objc::send<"defaultCalendarForNewEvents", EKCalendar*>(store));
@@ -67,8 +72,9 @@ void showOccurrence(EKEvent* object, const EventOccurrence& occurrence, EKCalend
 
 void forgetOccurrence(EKEvent* event) { setStored(event, std::nullopt, {}); }
 
-objc::Owned<EKEvent> makeEvent(const EventOccurrence& occurrence, EKCalendar* calendar) {
+objc::Owned<EKEvent> makeEvent(EKEventStore* store, const EventOccurrence& occurrence, EKCalendar* calendar) {
   auto event = objc::make<EKEvent, "EKEvent">();
+  stateOf<CalendarItemState>(event.get()).store = lifeOf(store);
   showOccurrence(event.get(), occurrence, calendar);
   return event;
 }
@@ -78,12 +84,13 @@ ClassDefinition ekEvent() {
   return {.name = "EKEvent",
           .superclass = "EKCalendarItem",
           .state = state<State>(),
-          .methods = {classMethod("eventWithEventStore:", eventWithEventStore),
-                      getter<&State::startDate>("startDate"), setter<&State::startDate>("setStartDate:"),
-                      getter<&State::endDate>("endDate"), setter<&State::endDate>("setEndDate:"),
-                      getter<&State::isAllDay>("isAllDay"), setter<&State::isAllDay>("setAllDay:"),
-                      method("eventIdentifier", identifier), method("_persistentEvent", persistentEvent),
-                      method("isDetached", isDetached), method("description", describe)}};
+          .methods = {
+              classMethod("eventWithEventStore:", eventWithEventStore),
+              storeGetter<&State::startDate>("startDate"), storeSetter<&State::startDate>("setStartDate:"),
+              storeGetter<&State::endDate>("endDate"), storeSetter<&State::endDate>("setEndDate:"),
+              storeGetter<&State::isAllDay>("isAllDay"), storeSetter<&State::isAllDay>("setAllDay:"),
+              storeMethod<identifier>("eventIdentifier"), storeMethod<persistentEvent>("_persistentEvent"),
+              storeMethod<isDetached>("isDetached"), storeMethod<describe>("description")}};
 }
 
 }  // namespace phone

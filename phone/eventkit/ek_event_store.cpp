@@ -4,6 +4,7 @@
 #include "phone/eventkit/ek_objects.h"
 #include "phone/eventkit/event_edit.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/error_object.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_mutable_array.h"
@@ -64,7 +65,7 @@ NSObject* predicateForEvents(EKEventStore*, SEL, NSDate* start, NSDate* end, NSA
   return predicate.autorelease();
 }
 
-NSArray* eventsMatchingPredicate(EKEventStore*, SEL, NSObject* predicate) {
+NSArray* eventsMatchingPredicate(EKEventStore* self, SEL, NSObject* predicate) {
   NSMutableArray* const events = NSMutableArray::array();
   if (predicate == nullptr) return events;
   const auto& search = stateOf<PredicateState>(predicate);
@@ -77,7 +78,7 @@ NSArray* eventsMatchingPredicate(EKEventStore*, SEL, NSObject* predicate) {
     }
     for (const EventOccurrence& occurrence :
          occurrencesInRange(database, search.range, search.calendars.value_or(rows), phoneZone())) {
-      events->addObject(makeEvent(occurrence, objects[occurrence.calendar].get()).get());
+      events->addObject(makeEvent(self, occurrence, objects[occurrence.calendar].get()).get());
     }
   });
   return events;
@@ -90,12 +91,12 @@ objc::Owned<EKCalendar> calendarInRow(CalendarDatabase& database, std::int64_t r
   return {};
 }
 
-EKEvent* eventWithIdentifier(EKEventStore*, SEL, NSString* identifier) {
+EKEvent* eventWithIdentifier(EKEventStore* self, SEL, NSString* identifier) {
   objc::Owned<EKEvent> event;
   if (identifier == nullptr) return nullptr;
   withDatabase([&](CalendarDatabase& database) {
     const auto found = findByIdentifier(database, identifier->UTF8String(), phoneZone());
-    if (found) event = makeEvent(*found, calendarInRow(database, found->calendar).get());
+    if (found) event = makeEvent(self, *found, calendarInRow(database, found->calendar).get());
   });
   return event.autorelease();
 }
@@ -126,19 +127,14 @@ bool change(id* error, Change apply) {
     return true;
   } catch (const DatabaseError& failure) {
     reportStoreProblem(failure.what());
-    if (error != nullptr) {
-      constexpr NSInteger kOtherError = 1;
-      NSObject* const reason = objc::sendToClass<"NSDictionary", "dictionaryWithObject:forKey:", NSObject*>(
-          static_cast<NSObject*>(makeString(failure.what()).get()),
-          static_cast<NSObject*>("NSLocalizedDescription"_ns));
-      *error = objc::sendToClass<"NSError", "errorWithDomain:code:userInfo:", id>("EKErrorDomain"_ns,
-                                                                                  kOtherError, reason);
-    }
+    constexpr NSInteger kOtherError = 1;
+    if (error != nullptr) *error = errorObject("EKErrorDomain"_ns, kOtherError, failure.what());
     return false;
   }
 }
 
-bool saveEvent(EKEventStore*, SEL, EKEvent* event, NSInteger span, id* error) {
+bool saveEvent(EKEventStore*, SEL selector, EKEvent* event, NSInteger span, id* error) {
+  requireStore(event, selector);
   return change(error, [&](const EditContext& context) {
     const EventDraft draft = draftOf(event);
     const auto& stored = stateOf<CalendarItemState>(event).stored;
@@ -149,7 +145,8 @@ bool saveEvent(EKEventStore*, SEL, EKEvent* event, NSInteger span, id* error) {
   });
 }
 
-bool removeEventFromStore(EKEventStore*, SEL, EKEvent* event, NSInteger span, id* error) {
+bool removeEventFromStore(EKEventStore*, SEL selector, EKEvent* event, NSInteger span, id* error) {
+  requireStore(event, selector);
   return change(error, [&](const EditContext& context) {
     const auto& stored = stateOf<CalendarItemState>(event).stored;
     if (!stored) throw DatabaseError("the event was never saved");
@@ -168,6 +165,7 @@ ClassDefinition ekEventPredicate() {
 ClassDefinition ekEventStore() {
   return {.name = "EKEventStore",
           .superclass = "NSObject",
+          .state = state<EventStoreState>(),
           .methods = {
               method("calendars", calendars), method("calendarsForEntityType:", calendarsForEntityType),
               method("calendarWithIdentifier:", calendarWithIdentifier),

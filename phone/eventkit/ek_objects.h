@@ -1,6 +1,8 @@
 // How the store's objects carry what they show, and how the store makes them.
 #pragma once
 
+#include <memory>
+
 #include "phone/eventkit/calendar_database.h"
 #include "phone/eventkit/event_query.h"
 #include "phone/objc/class_definition.h"
@@ -23,7 +25,15 @@ struct CalendarState {
   objc::Owned<UIColor> color;
 };
 
+/// Whether a store still lives. The store alone holds it; what came from the store looks at it.
+using StoreLife = std::shared_ptr<const void>;
+
+struct EventStoreState {
+  StoreLife life = std::make_shared<char>();
+};
+
 struct CalendarItemState {
+  StoreLife::weak_type store;
   objc::Owned<NSString> title;
   objc::Owned<NSString> location;
   objc::Owned<EKCalendar> calendar;
@@ -59,7 +69,8 @@ objc::Owned<NSString> makeString(const std::string& text);
 
 objc::Owned<EKCalendar> makeCalendar(const CalendarRecord& record);
 
-objc::Owned<EKEvent> makeEvent(const EventOccurrence& occurrence, EKCalendar* calendar);
+/// An event of that store that shows the occurrence. It must not be used once the store is gone.
+objc::Owned<EKEvent> makeEvent(EKEventStore* store, const EventOccurrence& occurrence, EKCalendar* calendar);
 
 /// Makes the event show that occurrence, as after a save.
 void showOccurrence(EKEvent* event, const EventOccurrence& occurrence, EKCalendar* calendar);
@@ -69,5 +80,34 @@ void forgetOccurrence(EKEvent* event);
 
 /// The text of the item's identifier (borrowed), or none for an item that was never saved.
 NSString* identifierOf(EKCalendarItem* item);
+
+/// Ends the process, naming the message that the item meets, when the item's store is gone. On a phone such
+/// an item may have lost its content, which whoever uses it would find out on some phones only.
+void requireStore(const EKCalendarItem* item, SEL message);
+
+/// A method of a calendar item, by its function; it answers for as long as the item's store lives.
+template <auto Function>
+struct StoreMethod;
+template <typename Result, typename Self, typename... Arguments, Result (*Function)(Self*, SEL, Arguments...)>
+struct StoreMethod<Function> {
+  static Result answer(Self* self, SEL selector, Arguments... arguments) {
+    requireStore(static_cast<const EKCalendarItem*>(static_cast<const void*>(self)), selector);
+    return Function(self, selector, arguments...);
+  }
+};
+template <auto Function>
+MethodDefinition storeMethod(const char* selector) {
+  return method(selector, StoreMethod<Function>::answer);
+}
+
+/// The accessors of a member of its state, in the same way.
+template <auto Member>
+MethodDefinition storeGetter(const char* selector) {
+  return storeMethod<readMember<Member>>(selector);
+}
+template <auto Member>
+MethodDefinition storeSetter(const char* selector) {
+  return storeMethod<writeMember<Member>>(selector);
+}
 
 }  // namespace phone

@@ -1,5 +1,6 @@
 #include "phone/eventkit/ics_reader.h"
 
+#include <array>
 #include <utility>
 
 namespace phone {
@@ -14,21 +15,50 @@ std::string describe(const std::filesystem::path& file, std::size_t line, const 
   return file.string() + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + reason;
 }
 
+/// A device could go on for ever; a pipe ends with the one who writes.
+void requireReadable(const std::filesystem::path& file) {
+  using Type = std::filesystem::file_type;
+  std::error_code error;
+  const Type type = std::filesystem::status(file, error).type();
+  if (type == Type::regular || type == Type::fifo || type == Type::socket) return;
+  if (type == Type::not_found) throw IcsError(file, 0, "there is no such file");
+  throw IcsError(file, 0, error ? error.message() : "this is neither a file nor a pipe");
+}
+
+/// Reads up to the next line feed or, of a line that is too long, somewhat more than the longest. False at
+/// the end.
+bool readLine(std::istream& stream, std::string& line) {
+  std::array<char, 4096> part{};
+  line.clear();
+  while (line.size() <= kLongestLine) {
+    stream.getline(part.data(), part.size());
+    const auto got = static_cast<std::size_t>(stream.gcount());
+    if (stream.good()) {
+      // The line feed is counted, but not kept.
+      line.append(part.data(), got - 1);
+      return true;
+    }
+    line.append(part.data(), got);
+    if (stream.eof() || stream.bad()) break;
+    stream.clear();
+  }
+  return !stream.bad() && !(stream.eof() && line.empty());
+}
+
 }  // namespace
 
 IcsError::IcsError(const std::filesystem::path& file, std::size_t line, const std::string& reason)
     : std::runtime_error(describe(file, line, reason)) {}
 
 IcsReader::IcsReader(std::filesystem::path file) : file_(std::move(file)), buffer_(kBufferSize) {
-  // A device or a pipe could keep the reader waiting for ever.
-  if (!std::filesystem::is_regular_file(file_)) throw IcsError(file_, 0, "there is no such file");
+  requireReadable(file_);
   stream_.rdbuf()->pubsetbuf(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
   stream_.open(file_, std::ios::binary);
   if (!stream_) throw IcsError(file_, 0, "the file cannot be opened");
 }
 
 bool IcsReader::readPhysicalLine() {
-  if (!std::getline(stream_, physical_)) {
+  if (!readLine(stream_, physical_)) {
     if (stream_.bad()) throw IcsError(file_, physicalNumber_, "the file cannot be read any further");
     return false;
   }

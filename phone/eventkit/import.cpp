@@ -31,10 +31,7 @@ class Importer {
       : database_(database), options_(options) {}
 
   ImportResult run(const std::vector<std::filesystem::path>& paths) {
-    std::vector<ImportSource> sources;
-    for (const std::filesystem::path& path : paths) {
-      for (ImportSource& source : findSources(path)) sources.push_back(std::move(source));
-    }
+    const std::vector<ImportSource> sources = findSources(paths);
     bytesTotal_ = totalSize(sources);
     Transaction transaction = database_.beginChange();
     for (const ImportSource& source : sources) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <fstream>
+#include <set>
+#include <sys/stat.h>
 
 #include "phone/eventkit/ics_reader.h"
 #include "phone/eventkit/utf8.h"
@@ -55,9 +57,18 @@ ImportSource folderSource(const fs::path& folder) {
   return source;
 }
 
-}  // namespace
+/// What comes through a pipe has no name of its own.
+ImportSource streamSource(const fs::path& stream) { return {.files = {stream}, .name = "Calendar"}; }
 
-std::vector<ImportSource> findSources(const fs::path& path) {
+bool isStream(const fs::path& path) {
+  std::error_code error;
+  const fs::file_type type = fs::status(path, error).type();
+  return type == fs::file_type::fifo || type == fs::file_type::socket;
+}
+
+std::vector<ImportSource> sourcesAt(const fs::path& path) {
+  if (path == "-") return {streamSource("/dev/stdin")};
+  if (isStream(path)) return {streamSource(path)};
   // "calendars/" and "." have names, too.
   fs::path full = fs::absolute(path).lexically_normal();
   if (!full.has_filename()) full = full.parent_path();
@@ -74,6 +85,33 @@ std::vector<ImportSource> findSources(const fs::path& path) {
     if (!source.files.empty()) sources.push_back(std::move(source));
   }
   if (sources.empty()) throw IcsError(path, 0, "there is no calendar file (.ics) in this folder");
+  return sources;
+}
+
+/// Which files there have been, by more than their names.
+class KnownFiles {
+ public:
+  /// False for one that was added before. What is not there is none of them.
+  bool add(const fs::path& file) {
+    struct stat status {};
+    return stat(file.c_str(), &status) != 0 || known_.emplace(status.st_dev, status.st_ino).second;
+  }
+
+ private:
+  std::set<std::pair<dev_t, ino_t>> known_;
+};
+
+}  // namespace
+
+std::vector<ImportSource> findSources(const std::vector<fs::path>& paths) {
+  std::vector<ImportSource> sources;
+  KnownFiles files;
+  for (const fs::path& path : paths) {
+    for (ImportSource& source : sourcesAt(path)) {
+      std::erase_if(source.files, [&files](const fs::path& file) { return !files.add(file); });
+      if (!source.files.empty()) sources.push_back(std::move(source));
+    }
+  }
   return sources;
 }
 

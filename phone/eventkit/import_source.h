@@ -18,8 +18,10 @@ struct ImportSource {
   std::string color = {};
 };
 
-/// The sources that a file or a folder stands for. Throws IcsError when there is no calendar in it.
-std::vector<ImportSource> findSources(const std::filesystem::path& path);
+/// The sources that files and folders stand for; "-" is the standard input. A file that is named twice,
+/// however it is named, counts at its first place only. Throws IcsError when there is no calendar in one of
+/// them.
+std::vector<ImportSource> findSources(const std::vector<std::filesystem::path>& paths);
 
 /// The size of all files together, in bytes.
 std::uint64_t totalSize(const std::vector<ImportSource>& sources);

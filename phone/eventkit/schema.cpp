@@ -1,5 +1,8 @@
 #include "phone/eventkit/schema.h"
 
+#include <memory>
+#include <new>
+
 namespace phone {
 
 namespace {
@@ -78,25 +81,31 @@ PRAGMA user_version = 1;
 
 }  // namespace
 
-bool hasTables(Connection& connection) {
+std::string newDatabaseContent() {
+  sqlite3* opened = nullptr;
+  const int code = sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> memory(opened, &sqlite3_close);
+  if (code != SQLITE_OK || sqlite3_exec(opened, kTables, nullptr, nullptr, nullptr) != SQLITE_OK) {
+    throw std::bad_alloc();
+  }
+  sqlite3_int64 length = 0;
+  const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> bytes(
+      sqlite3_serialize(opened, "main", &length, 0), &sqlite3_free);
+  if (bytes == nullptr) throw std::bad_alloc();
+  return {reinterpret_cast<const char*>(bytes.get()), static_cast<std::size_t>(length)};
+}
+
+void requireTables(Connection& connection) {
   Statement query(connection.handle(),
                   "SELECT (SELECT count(*) FROM sqlite_master), user_version "
                   "FROM pragma_user_version");
   query.step();
-  const std::int64_t version = query.integer(1);
-  if (version == 0 && query.integer(0) == 0) return false;
-  if (version == kVersion) return true;
+  if (query.integer(1) == kVersion) return;
+  const bool isEmpty = query.integer(1) == 0 && query.integer(0) == 0;
   throw DatabaseError(std::string(sqlite3_db_filename(connection.handle(), "main")) +
-                      ": this is no calendar database of this version of the phone; move the file away and "
-                      "import the calendars again");
-}
-
-void createTables(Connection& connection) {
-  if (hasTables(connection)) return;
-  Transaction transaction(connection);
-  // Another process may have been quicker.
-  if (!hasTables(connection)) connection.execute(kTables);
-  transaction.commit();
+                      (isEmpty ? ": the calendar database is empty"
+                               : ": this is no calendar database of this version of the phone") +
+                      "; move the file away and import the calendars again");
 }
 
 }  // namespace phone

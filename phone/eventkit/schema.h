@@ -1,15 +1,17 @@
 // The tables of the calendar database.
 #pragma once
 
+#include <string>
+
 #include "phone/eventkit/sqlite.h"
 
 namespace phone {
 
-/// Creates the tables in a new, empty database; does nothing when they are there. Throws DatabaseError when
-/// the file is a database of another kind or of another version of the phone.
-void createTables(Connection& connection);
+/// The content of a new database's file, with the tables and nothing in them.
+std::string newDatabaseContent();
 
-/// True when the tables are there; false for an empty database. Throws like createTables().
-bool hasTables(Connection& connection);
+/// Makes sure that the tables are there. Throws DatabaseError when the file is empty, or a database of
+/// another kind or of another version of the phone.
+void requireTables(Connection& connection);
 
 }  // namespace phone

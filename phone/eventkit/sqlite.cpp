@@ -1,6 +1,9 @@
 #include "phone/eventkit/sqlite.h"
 
-#include <system_error>
+#include <cerrno>
+#include <cstring>
+#include <new>
+#include <sys/stat.h>
 
 namespace phone {
 
@@ -8,23 +11,59 @@ namespace {
 
 constexpr int kLockPatienceMilliseconds = 10'000;
 
-[[noreturn]] void fail(sqlite3* connection) {
-  const char* const file = sqlite3_db_filename(connection, "main");
-  std::string text = file == nullptr ? "" : std::string(file) + ": ";
+/// What the operating system said to SQLite's last call of it.
+std::string systemReason(sqlite3* connection) {
+  const int number = sqlite3_system_errno(connection);
+  return number == 0 ? "" : std::string(" (") + std::strerror(number) + ")";
+}
+
+std::string reasonOf(sqlite3* connection) {
   switch (sqlite3_errcode(connection)) {
     case SQLITE_NOTADB:
+      return "this is no calendar database; move the file away and import the calendars again";
     case SQLITE_CORRUPT:
-      text += "the calendar database is damaged (" + std::string(sqlite3_errmsg(connection)) +
-              "); move the file away and import the calendars again";
-      break;
+      return "the calendar database is damaged; move the file away and import the calendars again";
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      text += "another process keeps the calendar database locked; try again when it is done";
-      break;
+      return "another process keeps the calendar database locked; try again when it is done";
+    case SQLITE_FULL:
+      return "the calendar database cannot grow: there is no space left on the disk";
+    case SQLITE_READONLY:
+      return "the calendar database may not be written; check the permissions of the file and its folder";
+    case SQLITE_CANTOPEN:
+      return "the calendar database, or a file that belongs to it in its folder, cannot be opened" +
+             systemReason(connection);
+    case SQLITE_IOERR:
+      return "the calendar database cannot be read or written" + systemReason(connection);
+    case SQLITE_NOMEM:
+      return "there is no memory left for the calendar database";
+    case SQLITE_TOOBIG:
+      return "a text is too long for the calendar database";
+    case SQLITE_ERROR:
+    case SQLITE_SCHEMA:
+      return "this is no calendar database of this version of the phone; move the file away and import the "
+             "calendars again";
     default:
-      text += sqlite3_errmsg(connection);
+      return "the calendar database failed (code " + std::to_string(sqlite3_extended_errcode(connection)) +
+             ")";
   }
-  throw DatabaseError(text);
+}
+
+[[noreturn]] void fail(sqlite3* connection) {
+  throw DatabaseError(sqlite3_db_filename(connection, "main") + (": " + reasonOf(connection)));
+}
+
+/// SQLite would wait at a pipe, and has no words for a folder.
+void requirePlainFile(const std::filesystem::path& file) {
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0) {
+    throw DatabaseError(file.string() + ": the calendar database cannot be opened (" + std::strerror(errno) +
+                        ")");
+  }
+  if (S_ISREG(status.st_mode)) return;
+  throw DatabaseError(file.string() + ": here lies " +
+                      (S_ISDIR(status.st_mode) ? "a folder" : "no plain file") +
+                      " where the calendar database should be; move it away");
 }
 
 void check(sqlite3* connection, int code) {
@@ -79,15 +118,14 @@ std::string Statement::text(int column) {
   return {start, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 
-Connection::Connection(const std::filesystem::path& file, OpenMode mode) {
-  const int flags = SQLITE_OPEN_READWRITE | (mode == OpenMode::kCreate ? SQLITE_OPEN_CREATE : 0);
+Connection::Connection(const std::filesystem::path& file) {
+  requirePlainFile(file);
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(file.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int code =
+      sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   handle_.reset(opened);
-  if (code != SQLITE_OK) {
-    throw DatabaseError(file.string() + ": the calendar database cannot be opened (" +
-                        (opened == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(opened)) + ")");
-  }
+  if (opened == nullptr) throw std::bad_alloc();
+  if (code != SQLITE_OK) throw DatabaseError(file.string() + ": " + reasonOf(opened));
   sqlite3_busy_timeout(opened, kLockPatienceMilliseconds);
 }
 

@@ -57,12 +57,10 @@ class StatementScope {
   Statement& statement_;
 };
 
-/// Opens the file. Throws DatabaseError.
-enum class OpenMode { kExisting, kCreate };
-
 class Connection {
  public:
-  Connection(const std::filesystem::path& file, OpenMode mode);
+  /// Opens a database that is there. Throws DatabaseError.
+  explicit Connection(const std::filesystem::path& file);
 
   sqlite3* handle() const { return handle_.get(); }
   void execute(const char* sql);

@@ -1,5 +1,6 @@
 #include "phone/eventkit/store_connection.h"
 
+#include <cerrno>
 #include <memory>
 #include <sys/stat.h>
 
@@ -24,6 +25,7 @@ struct EventKitState {
   std::unique_ptr<CalendarDatabase> database;
   FileIdentity file;
   std::string problem;
+  std::string firstProblem;
   EventZone zone = EventZone::utc();
   std::string zoneName;
 };
@@ -33,10 +35,12 @@ EventKitState& eventKit() {
   return state;
 }
 
+/// None when there is no such file; a file that may not be looked at has no identity but its name.
 std::optional<FileIdentity> identify(const std::filesystem::path& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-  return FileIdentity{path, status.st_dev, status.st_ino};
+  if (::stat(path.c_str(), &status) == 0) return FileIdentity{path, status.st_dev, status.st_ino};
+  if (errno == ENOENT) return std::nullopt;
+  return FileIdentity{path};
 }
 
 std::string defaultZoneName() {
@@ -76,6 +80,10 @@ CalendarDatabase& sharedDatabaseForWriting() {
   return *state.database;
 }
 
+void readDatabase(const std::function<void(CalendarDatabase&)>& work) {
+  if (!withDatabase(work) && !calendarStoreProblem().empty()) throw DatabaseError(calendarStoreProblem());
+}
+
 bool withDatabase(const std::function<void(CalendarDatabase&)>& work) {
   eventKit().problem.clear();
   CalendarDatabase* const database = sharedDatabase();
@@ -90,7 +98,12 @@ bool withDatabase(const std::function<void(CalendarDatabase&)>& work) {
   }
 }
 
-void reportStoreProblem(const std::string& problem) { eventKit().problem = problem; }
+void reportStoreProblem(const std::string& problem) {
+  eventKit().problem = problem;
+  if (eventKit().firstProblem.empty()) eventKit().firstProblem = problem;
+}
+
+const std::string& firstStoreProblem() { return eventKit().firstProblem; }
 
 const std::string& calendarStoreProblem() { return eventKit().problem; }
 

@@ -20,7 +20,14 @@ CalendarDatabase& sharedDatabaseForWriting();
 /// gives false; the failure is kept for calendarStoreProblem().
 bool withDatabase(const std::function<void(CalendarDatabase&)>& work);
 
-/// Keeps a failure for calendarStoreProblem().
+/// The same for those who show failures instead of an answer: a failure is thrown as DatabaseError, a missing
+/// database leaves the work undone.
+void readDatabase(const std::function<void(CalendarDatabase&)>& work);
+
+/// The first failure of the process, whatever went well since; empty while there was none.
+const std::string& firstStoreProblem();
+
+/// Keeps a failure for calendarStoreProblem() and firstStoreProblem().
 void reportStoreProblem(const std::string& problem);
 
 /// The zone that the phone is in.

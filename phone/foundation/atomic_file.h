@@ -5,14 +5,24 @@
 #include <string>
 #include <string_view>
 
+#include "phone/foundation/file_descriptor.h"
+
 namespace phone {
 
 /// The file's content. Throws std::runtime_error with file and reason; a directory or a device is refused.
 std::string readWholeFile(const std::filesystem::path& file);
 
 /// Puts the content in place of the file in one step: a reader, and whoever comes after a crash, finds the
-/// old content or the new. Throws std::runtime_error with file and reason, the old file being whole.
-/// Temporary files that killed writers left beside the target are removed; those of running writers are not.
+/// old content or the new. Links are followed. Throws std::runtime_error with file and reason, the old file
+/// being whole; what is no plain file is never replaced. Temporary files that killed writers left beside the
+/// target are removed; those of running writers are not.
 void writeFileAtomically(const std::filesystem::path& file, std::string_view content);
+
+/// Makes a file that is there with its whole content or not at all. False when there was one of that name,
+/// which is left as it is. Throws std::runtime_error with file and reason.
+bool createFileAtomically(const std::filesystem::path& file, std::string_view content);
+
+/// Writes all of it to an open file. False when it could not, which `errno` then explains.
+bool writeAll(const FileDescriptor& opened, std::string_view content);
 
 }  // namespace phone

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "phone/foundation/clock.h"
+#include "phone/foundation/date_mend.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/foundation/property_list_files.h"
 #include "phone/foundation/time_zone.h"
@@ -54,6 +55,7 @@ void startFoundation(const HostOptions& options) {
   endOnUnknownSelectors();
   installPropertyListFiles();
   mendUrls();
+  mendDates();
   setClock(options.now);
 }
 

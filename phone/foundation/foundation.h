@@ -5,10 +5,10 @@
 
 namespace phone {
 
-/// Sets version number, phone root, property-list files, clock, time zone, log sink and URLs. To be called
-/// before any class of the phone is registered and before a calendar is used; a second call starts afresh
-/// with other options. Throws std::invalid_argument, with a text for people, for an unknown release or time
-/// zone.
+/// Sets version number, phone root, property-list files, clock, time zone, log sink, URLs and dates as texts.
+/// To be called before any class of the phone is registered and before a calendar is used; a second call
+/// starts afresh with other options. Throws std::invalid_argument, with a text for people, for an unknown
+/// release or time zone.
 void startFoundation(const HostOptions& options);
 
 /// The options of the last startFoundation(); the defaults before.

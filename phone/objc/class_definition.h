@@ -120,23 +120,25 @@ struct StateMember<objc::Owned<View> State::*> {
 };
 
 template <auto Member>
-MethodDefinition getter(const char* selector, Availability availability = {}) {
+typename StateMember<decltype(Member)>::Plain readMember(id self, SEL /*selector*/) {
   using Access = StateMember<decltype(Member)>;
-  using Plain = typename Access::Plain;
-  Plain (*const get)(id, SEL) = [](id self, SEL) -> Plain {
-    return Access::get(stateOf<typename Access::Owner>(self).*Member);
-  };
-  return method(selector, get, availability);
+  return Access::get(stateOf<typename Access::Owner>(self).*Member);
+}
+
+template <auto Member>
+void writeMember(id self, SEL /*selector*/, typename StateMember<decltype(Member)>::Plain value) {
+  using Access = StateMember<decltype(Member)>;
+  Access::set(stateOf<typename Access::Owner>(self).*Member, value);
+}
+
+template <auto Member>
+MethodDefinition getter(const char* selector, Availability availability = {}) {
+  return method(selector, readMember<Member>, availability);
 }
 
 template <auto Member>
 MethodDefinition setter(const char* selector, Availability availability = {}) {
-  using Access = StateMember<decltype(Member)>;
-  using Plain = typename Access::Plain;
-  void (*const set)(id, SEL, Plain) = [](id self, SEL, Plain value) {
-    Access::set(stateOf<typename Access::Owner>(self).*Member, value);
-  };
-  return method(selector, set, availability);
+  return method(selector, writeMember<Member>, availability);
 }
 
 }  // namespace phone

@@ -1,9 +1,25 @@
 #include "phone/uikit/surface.h"
 
+#include <new>
 #include <stdexcept>
-#include <system_error>
+
+#include "phone/foundation/output_file.h"
 
 namespace phone {
+
+namespace {
+
+/// Cairo's own frames let no exception through.
+cairo_status_t appendBytes(void* target, const unsigned char* part, unsigned length) {
+  try {
+    static_cast<std::string*>(target)->append(reinterpret_cast<const char*>(part), length);
+    return CAIRO_STATUS_SUCCESS;
+  } catch (const std::bad_alloc&) {
+    return CAIRO_STATUS_NO_MEMORY;
+  }
+}
+
+}  // namespace
 
 Surface adoptSurface(cairo_surface_t* surface) { return Surface(surface, &cairo_surface_destroy); }
 
@@ -35,16 +51,17 @@ Surface copySurface(const Surface& original) {
   return copy;
 }
 
+std::string pngOf(const Surface& surface) {
+  if (surface == nullptr) throw std::runtime_error("there is no memory for the picture");
+  std::string bytes;
+  if (cairo_surface_write_to_png_stream(surface.get(), appendBytes, &bytes) != CAIRO_STATUS_SUCCESS) {
+    throw std::runtime_error("there is no memory for the picture");
+  }
+  return bytes;
+}
+
 void writePng(const Surface& surface, const std::filesystem::path& path) {
-  std::filesystem::path unfinished = path;
-  unfinished += ".unfinished";
-  const cairo_status_t status = cairo_surface_write_to_png(surface.get(), unfinished.c_str());
-  std::error_code failure;
-  if (status == CAIRO_STATUS_SUCCESS) std::filesystem::rename(unfinished, path, failure);
-  if (status == CAIRO_STATUS_SUCCESS && !failure) return;
-  const std::string reason = failure ? failure.message() : cairo_status_to_string(status);
-  std::filesystem::remove(unfinished, failure);
-  throw std::runtime_error("cannot write the picture " + path.string() + ": " + reason);
+  writeOutputFile(path, pngOf(surface));
 }
 
 }  // namespace phone

@@ -4,6 +4,7 @@
 #include <cairo.h>
 #include <filesystem>
 #include <memory>
+#include <string>
 
 namespace phone {
 
@@ -22,7 +23,11 @@ Surface makeSurface(double width, double height);
 /// A copy that shares nothing with the original. None when there is no memory for it.
 Surface copySurface(const Surface& original);
 
-/// Writes the picture as a PNG file, whole or not at all. Throws std::runtime_error with the reason.
+/// The picture as the bytes of a PNG file. Throws std::runtime_error for none and when there is no memory.
+std::string pngOf(const Surface& surface);
+
+/// Writes the picture as a PNG file: a plain file whole or not at all, anything else as it is. Throws
+/// std::runtime_error with the reason.
 void writePng(const Surface& surface, const std::filesystem::path& path);
 
 }  // namespace phone

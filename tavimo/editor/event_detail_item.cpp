@@ -8,6 +8,7 @@
 #include "tavimo/editor/associated_property.h"
 #include "tavimo/editor/event_visibility.h"
 #include "tavimo/editor/lock_screen_row.h"
+#include "tavimo/editor/views_on_screen.h"
 #include "tavimo/events/hidden_event_store.h"
 
 namespace tavimo {
@@ -44,6 +45,12 @@ void buildRow(EKEventDetailItemOrv* item) {
 
 }  // namespace
 
+void pointAtViewInUse(EKEventDetailItemOrv* item) {
+  if (EKEventViewController* const view = viewInUse(); view != nullptr) {
+    item->setEvent(view->event(), nullptr);
+  }
+}
+
 void setEvent(EKEventDetailItemOrv* self, SEL /*selector*/, EKEvent* event, EKEventStore* /*store*/) {
   NSString* const urlText = externalURLText(event);
   setFlagProperty<kLacksURLText>(self, nullptr, urlText == nullptr);
@@ -65,6 +72,8 @@ UITableViewCell* detailCell(EKEventDetailItemOrv* self, SEL /*selector*/, NSUInt
 
 void detailSwitchChanged(EKEventDetailItemOrv* self, SEL /*selector*/, UISwitch* sender) {
   const bool shown = sender->isOn();
+  // The host points the item too, at the event of any list that it builds.
+  pointAtViewInUse(self);
   setShown(self, shown);
   NSString* const urlText =
       flagProperty<kLacksURLText>(self, nullptr) ? nullptr : getObject<"eventURI", NSString>(self);

@@ -1,6 +1,6 @@
 // The event view's item, of the run-time class EKEventDetailItemOrv. There is one in the process; it is
-// pointed at the event of the view that is coming on screen, and its switch writes the hidden-event store at
-// once.
+// pointed at the event of the view in use, and its switch writes that event's entry of the hidden-event store
+// at once.
 #pragma once
 
 #include "platform/calendarui/ek_event_detail_item.h"
@@ -27,6 +27,10 @@ inline constinit objc::Displaced<UITableViewCell*(EKEventDetailItemOrv*, SEL, NS
 inline constinit objc::Displaced<UITableViewCell*(EKEventDetailItemOrv*, SEL, NSUInteger)>
     detailCellDisplaced;
 
+/// Points the item at the event of the view in use, which reads the store again. Without such a view the item
+/// stays at the event that it was pointed at last.
+void pointAtViewInUse(EKEventDetailItemOrv* item);
+
 /// Points the item at an event. One without URL text is shown, and flips have nothing to write for it.
 void setEvent(EKEventDetailItemOrv* self, SEL selector, EKEvent* event, EKEventStore* store);
 
@@ -35,6 +39,8 @@ UITableViewCell* detailCellInSubsection(EKEventDetailItemOrv* self, SEL selector
 /// The item's one row, built at the first request for index 0; none for other indexes.
 UITableViewCell* detailCell(EKEventDetailItemOrv* self, SEL selector, NSUInteger index);
 
+/// Writes the choice for the event of the view in use. Without such a view, which no user can flip a switch
+/// in, it is the event that the item was pointed at last: that of the list that was built last.
 void detailSwitchChanged(EKEventDetailItemOrv* self, SEL selector, UISwitch* sender);
 void showDisabledHelp(EKEventDetailItemOrv* self, SEL selector);
 

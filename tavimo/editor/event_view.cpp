@@ -4,6 +4,7 @@
 #include "platform/objc/class_name.h"
 #include "platform/objc/owned.h"
 #include "tavimo/editor/event_detail_item.h"
+#include "tavimo/editor/views_on_screen.h"
 
 namespace tavimo {
 
@@ -21,32 +22,45 @@ NSUInteger indexOfAlarmItem(NSArray* items) {
   return NSNotFound;
 }
 
+/// Shows the event of the view in use in the row. Another view may have had the item since, and an editor may
+/// have changed the store, which is read again.
+void followViewInUse() {
+  if (viewInUse() == nullptr) return;
+  pointAtViewInUse(sharedDetailItem);
+  sharedDetailItem->dndSwitch()->setOn(sharedDetailItem->showOnLockscreen());
+}
+
 }  // namespace
 
 void viewWillAppear(EKEventViewController* self, SEL selector, bool animated) {
   viewWillAppearDisplaced(self, selector, animated);
+  noteAppeared(self);
   if (sharedDetailItem == nullptr) return;
   sharedDetailItem->setCellIsVisible(true);
-  // Another view may have had the item since this one built its list, and an editor may have changed the
-  // store: the item is pointed at this view's event again, which reads the store.
-  sharedDetailItem->setEvent(self->event(), nullptr);
-  sharedDetailItem->dndSwitch()->setOn(sharedDetailItem->showOnLockscreen());
+  followViewInUse();
 }
 
 void viewWillDisappear(EKEventViewController* self, SEL selector, bool animated) {
   viewWillDisappearDisplaced(self, selector, animated);
+  noteDisappeared(self);
+  if (sharedDetailItem == nullptr) return;
   sharedDetailItem->setCellIsVisible(false);
+  // A view that was covered without disappearing does not appear again.
+  followViewInUse();
 }
 
 NSArray* detailItems(EKEventViewController* self, SEL selector) {
   NSArray* const hostItems = detailItemsDisplaced(self, selector);
   auto items = objc::Owned<NSMutableArray>::adopt(static_cast<NSMutableArray*>(hostItems->mutableCopy()));
   const NSUInteger alarm = indexOfAlarmItem(hostItems);
+  noteListsItem(self, alarm != NSNotFound);
   if (alarm != NSNotFound) {
     if (sharedDetailItem == nullptr) {
       sharedDetailItem = objc::make<EKEventDetailItemOrv, "EKEventDetailItemOrv">().relinquish();
     }
-    sharedDetailItem->setEvent(self->event(), nullptr);
+    // A list that is built while another view is in use changes nothing about whose event the row shows.
+    EKEventViewController* const inUse = viewInUse();
+    if (inUse == nullptr || inUse == self) sharedDetailItem->setEvent(self->event(), nullptr);
     if (sharedDetailItem != nullptr) items->insertObject(sharedDetailItem, alarm + 1);
   }
   return items.autorelease();

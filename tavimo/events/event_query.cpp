@@ -1,6 +1,5 @@
 #include "tavimo/events/event_query.h"
 
-#include "platform/eventkit/ek_event_store.h"
 #include "platform/foundation/ns_calendar.h"
 #include "platform/foundation/ns_date.h"
 #include "platform/foundation/ns_date_components.h"
@@ -51,10 +50,9 @@ void takeEvents(NSArray* found, NSMutableArray* events) {
 
 }  // namespace
 
-objc::Owned<NSArray> fetchCalendarEvents() {
+objc::Owned<NSArray> fetchCalendarEvents(EKEventStore* store) {
   auto events = objc::make<NSMutableArray, "NSMutableArray">();
-  const auto store = objc::make<EKEventStore, "EKEventStore">();
-  if (NSArray* const calendars = selectedCalendars(store.get()); calendars != nullptr) {
+  if (NSArray* const calendars = selectedCalendars(store); calendars != nullptr) {
     NSDate* const start = NSDate::date();
     NSDate* const end = endOfRange(start);
     if (debugMode) NSLog("TVM: start date: %@, end date: %@"_ns, start, end);

@@ -36,9 +36,11 @@ BBBulletin* recordOf(SBAwayBulletinListItem* item) {
   return objc::sendIfResponds<"activeBulletin", BBBulletin*>(item);
 }
 
-Publisher publisherOfItem(NSObject* item) {
-  SBAwayBulletinListItem* const listItem = asBulletinListItem(item);
-  return listItem == nullptr ? Publisher::kOther : publisherOf(recordOf(listItem));
+Publisher publisherOfItem(NSObject* item) { return publisherOf(recordOf(asBulletinListItem(item))); }
+
+BBBulletin* ownRecordOf(NSObject* item) {
+  BBBulletin* const bulletin = recordOf(asBulletinListItem(item));
+  return publisherOf(bulletin) == Publisher::kOwn ? bulletin : nullptr;
 }
 
 NSObject* listItemAt(NSIndexPath* indexPath) {

@@ -29,6 +29,10 @@ BBBulletin* recordOf(SBAwayBulletinListItem* item);
 /// The publisher of an item looked up from the list; items of other classes belong to others.
 Publisher publisherOfItem(NSObject* item);
 
+/// The record of an item looked up from the list when it is the plug-in's own, else none (borrowed). An item
+/// asked a second time may answer differently: go on with this record.
+BBBulletin* ownRecordOf(NSObject* item);
+
 /// The item of that row of the current list, or none (borrowed).
 NSObject* listItemAt(NSIndexPath* indexPath);
 

@@ -52,10 +52,12 @@ UIColor* readColor(NSDictionary* values, NSString* key, UIColor* fallback,
   return value == nullptr ? fallback : colorOfIndex(value->integerValue());
 }
 
-/// Without the key, `titleColorSameAsCalendarColor` stays as it was.
+/// Without the key, `titleColorSameAsCalendarColor` stays as it was; a value of any type, also one that is no
+/// colour, ends it.
 void readTitleColor(NSDictionary* values) {
+  if (values->objectForKey("textColor"_ns) != nullptr) titleColorSameAsCalendarColor = false;
   objc::assignStrong(textColor, readColor(values, "textColor"_ns, UIColor::whiteColor(), [](NSInteger index) {
-                       titleColorSameAsCalendarColor = index == kCalendarColorIndex;
+                       if (index == kCalendarColorIndex) titleColorSameAsCalendarColor = true;
                        return namedColorOfIndex(index);
                      }));
 }

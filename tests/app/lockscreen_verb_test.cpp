@@ -144,6 +144,40 @@ TEST_F(LockscreenVerb, drawsAPictureOfTheAskedSize) {
   EXPECT_EQ(number(20), 667);
 }
 
+TEST_F(LockscreenVerb, readsCalendarsFromPipesAndTheStandardInput) {
+  const std::string sent = "sed s/Work/Piped/ work.ics";
+  EXPECT_EQ(workplace_.shell(sent + " | phone import -").output, "Piped: 2 added\n");
+  EXPECT_EQ(workplace_.shell("phone import - <work.ics").output, "Work: 2 unchanged\n");
+  EXPECT_EQ(workplace_.shell("phone import <(" + sent + ")").output, "Piped: 2 unchanged\n");
+  EXPECT_EQ(workplace_.shell("mkfifo pipe; " + sent + " >pipe & phone import pipe").output,
+            "Piped: 2 unchanged\n");
+  EXPECT_EQ(workplace_.shell("sed /CALNAME/d work.ics | phone import -").output, "Calendar: 2 added\n");
+  EXPECT_EQ(workplace_.phone({"import", "/dev/zero"}).exitCode, 1);
+  const CommandResult endless =
+      workplace_.shell("ulimit -v 1000000; yes | tr -d '\\n' | timeout 60 phone import -");
+  EXPECT_NE(endless.errors.find("the line is too long"), std::string::npos) << endless.errors;
+}
+
+TEST_F(LockscreenVerb, logsDatesOfEveryYear) {
+  workplace_.output({"settings", "set", "debugMode", "on"});
+  const std::filesystem::path settings =
+      workplace_.onPhone("var/mobile/Library/Preferences/org.quenmark.tavimoprefs.plist");
+  for (const std::string days : {"-739684", "-2147483648", "2147483647"}) {
+    std::ofstream(settings)
+        << "<plist version=\"1.0\"><dict><key>debugMode</key><true/><key>daysToDisplay</key><integer>" << days
+        << "</integer></dict></plist>";
+    const CommandResult result = workplace_.shell("timeout 20 phone lockscreen --now 2026-03-07T09:00 --log");
+    EXPECT_EQ(result.exitCode, 0) << days;
+    EXPECT_NE(result.output.find("end date: "), std::string::npos) << result.output;
+  }
+  workplace_.output({"settings", "set", "daysToDisplay", "2"});
+  const CommandResult behind = workplace_.shell(
+      "phone order set 'System Items' {1..2100} Orvessa && timeout 20 phone lockscreen --now "
+      "2026-03-07T09:00 --log");
+  EXPECT_EQ(behind.exitCode, 0);
+  EXPECT_NE(behind.output.find("Design review"), std::string::npos) << behind.output;
+}
+
 TEST_F(LockscreenVerb, takesTheEventsAwayWhileMusicPlays) {
   const Json screen = json({"--now-playing", "--notification", "Anna|Lunch?"});
   ASSERT_EQ(screen["items"].size(), 1U);

@@ -49,6 +49,7 @@ TEST(PhoneCommand, everyVerbHelpsWithAnExample) {
     const std::size_t example = help.find("Example:");
     ASSERT_NE(example, std::string::npos) << help;
     EXPECT_NE(help.find(line, example), std::string::npos) << help;
+    EXPECT_TRUE(help.ends_with(".\n")) << help;
   }
 }
 
@@ -66,6 +67,11 @@ TEST(PhoneCommand, saysWhatIsWrongAndEndsWithItsCode) {
       {{}, 2, "phone --help"},
       {{"fly"}, 2, "fly"},
       {{"lockscreen", "--fly"}, 2, "phone lockscreen --help"},
+      {{"lockscreen", "--png"}, 2, "--png needs a value"},
+      {{"lockscreen", "--now", "2026-03-07", "--now", "2026-03-08"}, 2, "--now is given more than once"},
+      {{"lockscreen", "--json=maybe"}, 2, "--json takes no value \"maybe\""},
+      {{"hide"}, 2, "EVENT is missing"},
+      {{"create", "spare"}, 2, "no use for spare"},
       {{"lockscreen", "--ios", "6.0"}, 2, "9.3"},
       {{"lockscreen", "--now", "tomorrow"}, 2, "2026-03-07T09:00"},
       {{"lockscreen", "--timezone", "Europe/Nowhere"}, 2, "Europe/Berlin"},

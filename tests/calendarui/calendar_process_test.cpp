@@ -151,6 +151,7 @@ TEST_P(CalendarScreens, keepTheEditorOpenWhenTheDatabaseRefuses) {
   EXPECT_FALSE(calendar.close(editor, EditAction::kSaved));
   ASSERT_EQ(shownAlerts().size(), 1U);
   EXPECT_STREQ(alertState(shownAlerts()[0].get()).title->UTF8String(), "Cannot Change Event");
+  EXPECT_STREQ(alertState(shownAlerts()[0].get()).message->UTF8String(), "the event belongs to no calendar");
   EXPECT_FALSE(textOf(calendar.screenOf(editor)).empty());
   EXPECT_TRUE(calendar.close(editor, EditAction::kCancelled));
 }
@@ -162,8 +163,10 @@ TEST_P(CalendarScreens, refuseWhatTheyCannotDo) {
   const std::string before = textOf(calendar.screenOf(editor));
   EXPECT_THROW(calendar.enter(editor, {.title = "Late", .end = kFive - 1}), std::runtime_error);
   EXPECT_THROW(calendar.enter(editor, {.title = "Lost", .calendar = "No such calendar"}), std::runtime_error);
+  EXPECT_THROW(calendar.enter(editor, {.title = "\xFF"}), std::runtime_error);
+  EXPECT_THROW(calendar.enter(editor, {.title = "Lost", .location = "caf\xE9"}), std::runtime_error);
   EXPECT_THROW(calendar.setSwitch(editor, "Show on Lockscreen", true), std::runtime_error);
-  EXPECT_THROW(calendar.draw(editor, "/no/such/folder/screen.png"), std::runtime_error);
+  EXPECT_THROW(writePng(calendar.pictureOf(editor), "/no/such/folder/screen.png"), std::runtime_error);
   calendar.enter(editor, {});
   EXPECT_EQ(textOf(calendar.screenOf(editor)), before) << "A refused change was made in part.";
 }
@@ -171,14 +174,14 @@ TEST_P(CalendarScreens, refuseWhatTheyCannotDo) {
 TEST_P(CalendarScreens, areDrawnWithTheirSwitches) {
   auto calendar = boot();
   EKEventEditor* const editor = calendar.newEvent();
-  calendar.draw(editor, picture());
+  writePng(calendar.pictureOf(editor), picture());
   const std::string off = bytesOf(picture());
   ASSERT_EQ(off.substr(1, 3), "PNG");
   calendar.setSwitch(editor, "All-day", true);
-  calendar.draw(editor, picture());
+  writePng(calendar.pictureOf(editor), picture());
   EXPECT_NE(bytesOf(picture()), off);
   calendar.setSwitch(editor, "All-day", false);
-  calendar.draw(editor, picture());
+  writePng(calendar.pictureOf(editor), picture());
   EXPECT_EQ(bytesOf(picture()), off);
 }
 

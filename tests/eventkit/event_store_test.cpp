@@ -77,6 +77,20 @@ TEST_F(EventStoreTest, ASavedEventCanBeChangedAndRemoved) {
   EXPECT_NE(calendarStoreProblem(), "");
 }
 
+TEST_F(EventStoreTest, UsingAnEventAfterItsStoreEndsTheProcessNamingTheMessage) {
+  EKEvent* const saved = newEvent(addCalendar("Work"), "Draft"_ns, at(2014, 3, 7, 9), at(2014, 3, 7, 10));
+  ASSERT_TRUE(save(saved));
+  EKEvent* const found = withIdentifier(saved->eventIdentifier());
+  auto* const listed = static_cast<EKEvent*>(events(at(2014, 3, 7), at(2014, 3, 8))->objectAtIndex(0));
+  // The pool keeps the events from here on, and nobody keeps their store.
+  store_ = objc::make<EKEventStore, "EKEventStore">();
+  EXPECT_DEATH(saved->title(), "message title: the EKEvent 0x.* its EKEventStore is gone");
+  EXPECT_DEATH(found->setAllDay(true), "message setAllDay:: the EKEvent");
+  EXPECT_DEATH(listed->externalURL(), "message externalURL: the EKEvent");
+  EXPECT_DEATH(save(saved), "message saveEvent:span:error:: the EKEvent");
+  EXPECT_DEATH(remove(found), "message removeEvent:span:error:: the EKEvent");
+}
+
 TEST_F(EventStoreTest, ASearchOverNoCalendarsFindsNothing) {
   EKCalendar* const work = addCalendar("Work");
   EKCalendar* const home = addCalendar("Home");
@@ -99,6 +113,21 @@ TEST_F(EventStoreTest, ADamagedDatabaseGivesNoEventsAndAReason) {
     EXPECT_EQ(events(0, at(2100, 1, 1))->count(), 0u);
     EXPECT_NE(calendarStoreProblem().find("Calendar.sqlitedb"), std::string::npos) << calendarStoreProblem();
   }
+}
+
+TEST_F(EventStoreTest, AnEmptyFileIsALostDatabaseAndNoNewOne) {
+  std::filesystem::create_directories(databaseFile().parent_path());
+  std::ofstream(databaseFile()).close();
+  EXPECT_THROW(sharedDatabaseForWriting(), DatabaseError);
+  EXPECT_EQ(store_->calendars()->count(), 0u);
+  EXPECT_NE(calendarStoreProblem(), "");
+  EXPECT_TRUE(std::filesystem::is_empty(databaseFile()));
+  std::filesystem::remove(databaseFile());
+  EXPECT_EQ(store_->calendars()->count(), 0u);
+  EXPECT_EQ(calendarStoreProblem(), "") << "the last look went well";
+  EXPECT_NE(firstStoreProblem(), "") << "the first did not";
+  addCalendar("Work");
+  EXPECT_EQ(store_->calendars()->count(), 1u);
 }
 
 TEST_F(EventStoreTest, WhatAnotherProcessWritesIsSeen) {

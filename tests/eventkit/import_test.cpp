@@ -101,6 +101,17 @@ TEST_F(ImportTest, BrokenFilesAreReportedWithLineAndReasonAndChangeNothing) {
   EXPECT_NE(failure({folder_ / "folder"}).find("no such file"), std::string::npos);
 }
 
+TEST_F(ImportTest, AFileThatIsNamedTwiceCountsOnce) {
+  write("work/a.ics", calendarOf(eventOf("a", "20240101T100000Z", "a")));
+  write("work/b.ics", calendarOf(eventOf("b", "20240102T100000Z", "b")));
+  std::filesystem::create_directory_symlink(folder_ / "work", folder_ / "again");
+  const ImportResult result = importCalendars(
+      database(), {folder_ / "work", folder_ / "work/", folder_ / "again", folder_ / "work/../work/b.ics"});
+  ASSERT_EQ(result.calendars.size(), 1u);
+  EXPECT_EQ(result.calendars[0].added, 2u);
+  EXPECT_EQ(result.calendars[0].unchanged, 0u);
+}
+
 TEST_F(ImportTest, TheSameFileAgainUpdatesInsteadOfDoubling) {
   const auto twoEvents = [](const std::string& title, const std::string& lines) {
     return calendarOf(

@@ -75,6 +75,24 @@ TEST_F(AtomicFile, WriterThatIsKilledLeavesTheOldFileOrTheNewAndLaterOnesCleanUp
   EXPECT_EQ(filesInFolder(), 1U);
 }
 
+TEST_F(AtomicFile, OneOfManyMakersMakesTheFile) {
+  std::vector<pid_t> makers;
+  for (char letter = 'a'; letter < 'i'; ++letter) {
+    const pid_t child = fork();
+    if (child == 0) _exit(createFileAtomically(file_, std::string(kSize, letter)) ? 1 : 0);
+    makers.push_back(child);
+  }
+  int made = 0;
+  for (const pid_t maker : makers) {
+    int status = 0;
+    waitpid(maker, &status, 0);
+    made += WIFEXITED(status) ? WEXITSTATUS(status) : 100;
+  }
+  EXPECT_EQ(made, 1);
+  EXPECT_NE(letterInFile(), '?');
+  EXPECT_EQ(filesInFolder(), 1U);
+}
+
 TEST_F(AtomicFile, OnlyOnesOwnLeftoversAreRemoved) {
   writeBytes(folder_.path() / "store.plist.writing-", "no leftover");
   writeBytes(folder_.path() / "store.plist.writing-notes", "a file of the user's");

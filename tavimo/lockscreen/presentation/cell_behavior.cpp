@@ -11,7 +11,7 @@ namespace {
 bool staysOpaque(SBLockScreenBulletinCell* cell, CGFloat alpha) {
   NSIndexPath* const indexPath = indexPathOfCell(cell);
   if (indexPath->row() == 0 && indexPath->section() == 0) return true;
-  if (publisherOfItem(listItemAt(indexPath)) != Publisher::kOwn) return false;
+  if (ownRecordOf(listItemAt(indexPath)) == nullptr) return false;
   logDebug<"%@ cell setContentAlpha, setting to custom. Orig = %f">(static_cast<double>(alpha));
   return true;
 }

@@ -106,9 +106,10 @@ void layoutSubviews(SBLockScreenBulletinCell* self, SEL selector) {
   NSObject* const item = listItemAt(indexPathOfCell(self));
   NSLog("cell layoutSubviews. item class=%@. secondary color=%@"_ns,
         NSStringFromClass(objc::send<"class", Class>(item)), self->secondaryLabel()->textColor());
-  if (publisherOfItem(item) != Publisher::kOwn) return;
+  BBBulletin* const bulletin = ownRecordOf(item);
+  if (bulletin == nullptr) return;
   logDebug<"%@ cell layoutSubviews, detected TVM cell">();
-  styleLabels(self, static_cast<SBAwayBulletinListItem*>(item)->activeBulletin());
+  styleLabels(self, bulletin);
   placeLabels(self);
   setSeparators(self);
 }

@@ -12,16 +12,19 @@ namespace {
 constexpr double kDotDiameter = 30.0;
 constexpr double kLargeDotDiameter = 50.0;
 
-/// Whether a list item is the plug-in's own. Both callers are methods of the list item class itself, so the
-/// record's identifier alone decides. Not every release's items can be asked for their record.
-bool isOwn(SBAwayBulletinListItem* item) {
+/// The list item's record when the item is the plug-in's own, else none. Both callers are methods of the list
+/// item class itself, so the record's identifier alone decides. Not every release's items can be asked for
+/// it.
+BBBulletin* ownRecord(SBAwayBulletinListItem* item) {
   // While disabled, asking what the item can do would only serve the debug message.
-  if (!isEnabled && !debugMode) return false;
+  if (!isEnabled && !debugMode) return nullptr;
   if (!item->respondsToSelector(objc::selector<"activeBulletin">())) {
     logDebug<"%@ SBAwayBulletinListItem not responding to the required selector, ignoring">();
-    return false;
+    return nullptr;
   }
-  return isEnabled && publisherOf(item->activeBulletin()) == Publisher::kOwn;
+  if (!isEnabled) return nullptr;
+  BBBulletin* const bulletin = item->activeBulletin();
+  return publisherOf(bulletin) == Publisher::kOwn ? bulletin : nullptr;
 }
 
 UIImage* dot(BBBulletin* bulletin, double diameter) {
@@ -31,15 +34,16 @@ UIImage* dot(BBBulletin* bulletin, double diameter) {
 }  // namespace
 
 UIImage* iconImage(SBAwayBulletinListItem* self, SEL selector) {
-  if (!isOwn(self)) return iconImageDisplaced(self, selector);
+  BBBulletin* const bulletin = ownRecord(self);
+  if (bulletin == nullptr) return iconImageDisplaced(self, selector);
   if (iconFile->isEqualToString("NONE"_ns)) return nullptr;
-  if (iconFile->isEqualToString("DOT"_ns)) return dot(self->activeBulletin(), kDotDiameter);
-  if (iconFile->isEqualToString("DOT_LARGE"_ns)) return dot(self->activeBulletin(), kLargeDotDiameter);
+  if (iconFile->isEqualToString("DOT"_ns)) return dot(bulletin, kDotDiameter);
+  if (iconFile->isEqualToString("DOT_LARGE"_ns)) return dot(bulletin, kLargeDotDiameter);
   return icon;
 }
 
 bool canBeClearedByNotificationCenter(SBAwayBulletinListItem* self, SEL selector) {
-  return isOwn(self) ? false : canBeClearedDisplaced(self, selector);
+  return ownRecord(self) == nullptr && canBeClearedDisplaced(self, selector);
 }
 
 bool canEditRow(SBLockScreenNotificationListView* self, SEL selector, UITableView* tableView,

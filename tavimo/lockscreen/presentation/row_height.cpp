@@ -26,16 +26,15 @@ double ownRowHeight(BBBulletin* bulletin) {
   return titleHeight + lineHeight(subtitleTextSize) + kSpaceAboveFirstLine + kSpaceBelowLastLine;
 }
 
-/// The row's item when it is the plug-in's own, else none.
-SBAwayBulletinListItem* ownItemAt(NSIndexPath* indexPath) {
-  logDebug<"%@ heightForRowAtIndexPath">();
-  SBAwayBulletinListItem* const item = asBulletinListItem(listItemAt(indexPath));
-  if (item == nullptr) {
+/// The record of the row's item when the item is the plug-in's own, else none.
+BBBulletin* ownRecordOfRow(NSObject* item) {
+  SBAwayBulletinListItem* const listItem = asBulletinListItem(item);
+  if (listItem == nullptr) {
     logDebug<"%@ heightForRowAtIndexPath item is NOT of expected class">();
     return nullptr;
   }
-  BBBulletin* const bulletin = recordOf(item);
-  if (publisherOf(bulletin) == Publisher::kOwn) return item;
+  BBBulletin* const bulletin = recordOf(listItem);
+  if (publisherOf(bulletin) == Publisher::kOwn) return bulletin;
   if (debugMode) {
     logAlways("%@ heightForRowAtIndexPath, this is NOT our item, id is %@"_ns, bulletin->bulletinID());
   }
@@ -47,12 +46,14 @@ SBAwayBulletinListItem* ownItemAt(NSIndexPath* indexPath) {
 CGFloat heightForRow(SBLockScreenNotificationListView* self, SEL selector, UITableView* tableView,
                      NSIndexPath* indexPath) {
   if (!isEnabled) return heightForRowDisplaced(self, selector, tableView, indexPath);
-  SBAwayBulletinListItem* const item = ownItemAt(indexPath);
-  if (item == nullptr) {
+  logDebug<"%@ heightForRowAtIndexPath">();
+  NSObject* const item = listItemAt(indexPath);
+  BBBulletin* const bulletin = ownRecordOfRow(item);
+  if (bulletin == nullptr) {
     if (wallpaperBlurMode == 1) sBLockScreenView->addLockContentUnderlay("OrvNotificationList"_ns);
     return heightForRowDisplaced(self, selector, tableView, indexPath);
   }
-  const double height = ownRowHeight(item->activeBulletin());
+  const double height = ownRowHeight(bulletin);
   objc::readIvar<NSMutableDictionary>(self, "_heightForListItemCache")
       ->setObject(NSNumber::numberWithFloat(static_cast<float>(height)), item);
   return static_cast<CGFloat>(height);

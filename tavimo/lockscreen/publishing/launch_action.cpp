@@ -22,12 +22,13 @@ BBAction* actionForURL(NSString* text) {
 /// seconds since 2001. What marks a detached occurrence in the identifier is no part of the address.
 BBAction* openEvent(EKEvent* event) {
   NSString* const identifier = event->persistentEvent()->eventIdentifier();
-  if (identifier == nullptr) return nullptr;
+  NSDate* const start = event->startDate();
+  if (identifier == nullptr || start == nullptr) return nullptr;
   NSString* path = identifier->stringByReplacingOccurrencesOfString(":"_ns, "/"_ns);
   const NSRange detached = path->rangeOfString("/RID"_ns, NSString::kLiteralSearch);
   if (detached.location != NSNotFound) path = path->substringToIndex(detached.location);
   NSString* const address = NSString::stringWithFormat("x-apple-calevent://%@?o=%.1f"_ns, path,
-                                                       event->startDate()->timeIntervalSinceReferenceDate());
+                                                       start->timeIntervalSinceReferenceDate());
   if (debugMode) NSLog("TVM: event identifier: %@, URL: %@"_ns, identifier, address);
   return actionForURL(address);
 }

@@ -19,10 +19,8 @@ objc::Owned<NSMutableArray> ownBulletins(NSArray* listItems) {
   auto bulletins = objc::make<NSMutableArray, "NSMutableArray">();
   const NSUInteger count = listItems->count();
   for (NSUInteger i = 0; i < count; ++i) {
-    NSObject* const item = listItems->objectAtIndex(i);
-    if (publisherOfItem(item) == Publisher::kOwn) {
-      bulletins->addObject(static_cast<SBAwayBulletinListItem*>(item)->activeBulletin());
-    }
+    BBBulletin* const bulletin = ownRecordOf(listItems->objectAtIndex(i));
+    if (bulletin != nullptr) bulletins->addObject(bulletin);
   }
   return bulletins;
 }

@@ -1,6 +1,7 @@
 #include "tavimo/lockscreen/publishing/published_bulletins.h"
 
 #include "platform/eventkit/ek_event.h"
+#include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/foundation_version.h"
 #include "platform/foundation/ns_mutable_array.h"
 #include "platform/foundation/ns_url.h"
@@ -57,7 +58,10 @@ void withdrawBulletins(SBLockScreenNotificationListController* controller) {
 }
 
 void publishEvents(SBLockScreenNotificationListController* controller) {
-  const objc::Owned<NSArray> events = fetchCalendarEvents();
+  // In this order: the pool lets go of the events, and of what they were asked for, before their store goes.
+  const auto store = objc::make<EKEventStore, "EKEventStore">();
+  const AutoreleasePool pool;
+  const objc::Owned<NSArray> events = fetchCalendarEvents(store.get());
   const NSUInteger count = events->count();
   tvmItemsCount = static_cast<NSInteger>(count);
   NSDictionary* const hiddenEvents = loadHiddenEvents();

@@ -30,6 +30,23 @@ int releasedDuring(const char* className, const std::function<void()>& work) {
   return released;
 }
 
+std::vector<double> sizesAsked;
+objc::Displaced<CGSize(UISwitch*, SEL, CGSize)> sizeThatFitsDisplaced;
+CGSize noteSizeAsked(UISwitch* self, SEL selector, CGSize size) {
+  sizesAsked.insert(sizesAsked.end(), {size.width, size.height});
+  return sizeThatFitsDisplaced(self, selector, size);
+}
+
+TEST(Rows, AskTheirSwitchForItsSizeWithoutBounds) {
+  RecordingCalendar phone;
+  hookMethod(objc::classNamed<"UISwitch">(), "sizeThatFits:", noteSizeAsked, sizeThatFitsDisplaced);
+  for (const char* const itemClass : {"EKEventOrvItem", "EKEventDetailItemOrv"}) {
+    sizesAsked.clear();
+    cellOf(objc::Owned<NSObject>::adopt(objc::send<"new", NSObject*>(objc_getClass(itemClass))).get());
+    EXPECT_EQ(sizesAsked, (std::vector<double>{0, 0})) << itemClass;
+  }
+}
+
 TEST(EditorItem, HasOneRowMadeAnewAtEveryRequest) {
   RecordingCalendar phone;
   const auto event = phone.event("a://?o=1");

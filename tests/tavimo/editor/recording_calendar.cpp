@@ -97,8 +97,16 @@ void complete(NSObject*, SEL, NSInteger action, bool animated) {
   if (completion) completion();
 }
 
-void willAppear(NSObject*, SEL, bool animated) { record(animated ? "appear animated" : "appear"); }
-void willDisappear(NSObject*, SEL, bool animated) { record(animated ? "disappear animated" : "disappear"); }
+std::function<void()> viewChange;
+
+void willAppear(NSObject*, SEL, bool animated) {
+  record(animated ? "appear animated" : "appear");
+  if (viewChange) viewChange();
+}
+void willDisappear(NSObject*, SEL, bool animated) {
+  record(animated ? "disappear animated" : "disappear");
+  if (viewChange) viewChange();
+}
 
 ClassDefinition editorClass(const CalendarShape& shape) {
   ClassDefinition definition{
@@ -143,8 +151,11 @@ RecordingCalendar::RecordingCalendar(const CalendarShape& shape) {
                  .state = state<EventState>(),
                  .methods = {getter<&EventState::externalURI>("externalURI")}});
   registerClass(itemClass("EKEventEditItem", method("setCalendarItem:store:", setCalendarItem)));
-  registerClass(itemClass("EKEventDetailItem", method("setEvent:store:", setEvent)));
-  registerClass({.name = "EKEventAlarmDetailItem", .superclass = "EKEventDetailItem"});
+  if (shape.hasDetailItemClass) {
+    registerClass(itemClass("EKEventDetailItem", method("setEvent:store:", setEvent)));
+  }
+  registerClass({.name = "EKEventAlarmDetailItem",
+                 .superclass = shape.hasDetailItemClass ? "EKEventDetailItem" : "NSObject"});
   registerClass({.name = "EKEventAlarmDetailItemOfAnotherName", .superclass = "EKEventAlarmDetailItem"});
   registerClass({.name = "Controller",
                  .superclass = "NSObject",
@@ -216,14 +227,19 @@ bool RecordingCalendar::isShown(EKEventEditor* editor) {
 
 std::function<void()>& RecordingCalendar::whileCompleting() { return completion; }
 
+std::function<void()>& RecordingCalendar::whileChangingViews() { return viewChange; }
+
 objc::Owned<EKEventViewController> RecordingCalendar::view(EKEvent* event, const Texts& itemClasses) {
   auto made = objc::make<EKEventViewController, "EKEventViewController">();
+  stateOf<EventViewState>(made.get()).event = objc::Owned<EKEvent>::retain(event);
+  setItems(made.get(), itemClasses);
+  return made;
+}
+
+void RecordingCalendar::setItems(EKEventViewController* view, const Texts& itemClasses) {
   NSMutableArray* const items = NSMutableArray::array();
   for (const std::string& name : itemClasses) addItems(items, name.c_str(), 1);
-  auto& view = stateOf<EventViewState>(made.get());
-  view.event = objc::Owned<EKEvent>::retain(event);
-  view.items = objc::Owned<NSArray>::retain(frozen(items));
-  return made;
+  stateOf<EventViewState>(view).items = objc::Owned<NSArray>::retain(frozen(items));
 }
 
 Texts RecordingCalendar::calls() { return std::exchange(recorded, {}); }

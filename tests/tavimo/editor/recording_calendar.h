@@ -34,6 +34,8 @@ struct CalendarShape {
   double foundationVersion = 1144.17;
   bool editorHasEditItems = true;
   bool editorHasGroups = true;
+  /// Whether there is the class that the plug-in's detail item extends.
+  bool hasDetailItemClass = true;
 };
 
 /// What an editor is made with.
@@ -77,7 +79,11 @@ class RecordingCalendar {
   objc::Owned<EKEventViewController> view(EKEvent* event, const Texts& itemClasses = {
                                                               "EKEventDetailItem", "EKEventAlarmDetailItem",
                                                               "EKEventDetailItem"});
+  /// What its list is built of from now on.
+  static void setItems(EKEventViewController* view, const Texts& itemClasses);
   static NSArray* detailItems(EKEventViewController* view) { return objc::send<"_items", NSArray*>(view); }
+  /// Runs when the host makes a view appear or disappear.
+  std::function<void()>& whileChangingViews();
   static void appear(EKEventViewController* view) { objc::send<"viewWillAppear:">(view, true); }
   static void disappear(EKEventViewController* view) { objc::send<"viewWillDisappear:">(view, false); }
 

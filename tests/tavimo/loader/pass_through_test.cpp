@@ -19,10 +19,10 @@ namespace {
 
 class BareHomeScreen : public testing::Test {
  protected:
-  BareHomeScreen() {
+  explicit BareHomeScreen(bool hasRecords = true) {
     startFoundation({.root = root_.path(), .now = kMorning, .timeZone = "UTC"});
     registerUIKit();
-    registerBulletinBoard();
+    if (hasRecords) registerBulletinBoard();
     registerScriptedEventKit();
     registerBareHomeScreen();
     loadPlugin(pluginLibrary());
@@ -87,6 +87,19 @@ TEST_F(BareHomeScreen, ListControllerWithoutInstanceVariablesAndWaysToAddIsUnhar
   EXPECT_EQ(logLines(), (Lines{"TVM: SBLockScreenPluginOverlayContext listitems count=0, tvm count=1",
                                "TVM: SBLockScreenPluginOverlayContext removing 0 bulletins"}));
   EXPECT_EQ(sentMessages(), (Lines{"loadView", "count"}));
+}
+
+class HomeScreenWithoutRecords : public BareHomeScreen {
+ protected:
+  HomeScreenWithoutRecords() : BareHomeScreen(false) {}
+};
+
+TEST_F(HomeScreenWithoutRecords, CountsEventsAndPublishesNone) {
+  scriptedStore().events = {titled("one"), titled("two")};
+  objc::send<"loadView">(objc::make<NSObject, "SBLockScreenNotificationListController">().get());
+  EXPECT_EQ(exported<NSInteger>("tvmItemsCount"), 2);
+  EXPECT_EQ(sentMessages(), (Lines{"loadView"}));
+  EXPECT_EQ(loggedWith("not responding"), Lines()) << "nothing was handed over";
 }
 
 }  // namespace

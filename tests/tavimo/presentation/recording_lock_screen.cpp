@@ -174,6 +174,7 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
   registerClass(overlayContext());
   registerClass(table());
   hookMethod(objc::classNamed<"NSString">(), "sizeWithFont:", sizeWithFont, sizeWithFontDisplaced);
+  if (shape.beforePlugin) shape.beforePlugin();
   loadPlugin(pluginLibrary());
   exported<bool>("isEnabled") = true;
 

@@ -2,6 +2,7 @@
 // passed on and what it kept back. It can lack what some release of the phone might lack.
 #pragma once
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -33,6 +34,8 @@ struct LockScreenShape {
   bool cellHasUnlockLabel = true;
   bool listViewHasHeightCache = true;
   bool controllerHasListItems = true;
+  /// Runs when all classes are there and the plug-in is not.
+  std::function<void()> beforePlugin = {};
 };
 
 /// One per process. The plug-in is loaded and enabled; its other settings are zero.

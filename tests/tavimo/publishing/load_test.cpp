@@ -74,6 +74,20 @@ TEST_P(Load, PublishesWhatIsNotHiddenAndLetsTheHostLoadLast) {
                                "TVM: adding calendar event 'three', start at 2014-03-07 10:00:00 +0000"}));
 }
 
+TEST_P(Load, ReadsTheOrderingThenTheSettingsThenWithdrawsAndPublishes) {
+  scriptedStore().events = {titled("one")};
+  load();
+  clearLog();
+  Lines expected{"log TVM: system sort priority not found",
+                 "log TVM: unable to load preferences.",
+                 "log TVM: hidden events",
+                 "log TVM: adding calendar event 'one'",
+                 addsInTheOldWay() ? kOldAdd : kNewAdd,
+                 "loadView"};
+  if (listOutlivesLoads()) expected.insert(expected.begin() + 2, "observer:removeBulletin:");
+  EXPECT_TRUE(beginAs(traceOf([this] { phone_.load(); }), expected));
+}
+
 TEST_P(Load, WithdrawsTheRecordsOfTheLoadBeforeFromIos9On) {
   scriptedStore().events = {titled("one"), titled("two")};
   load();

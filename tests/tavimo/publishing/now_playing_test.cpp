@@ -90,6 +90,22 @@ TEST_F(NowPlaying, OwnItemsLeaveTheListInOrder) {
   EXPECT_EQ(logLines()[1], "TVM: SBLockScreenPluginOverlayContext removing 2 bulletins");
 }
 
+objc::Displaced<BBBulletin*(SBAwayBulletinListItem*, SEL)> recordDisplaced;
+int recordsAsked = 0;
+/// The host may take a record away at any time.
+BBBulletin* recordAskedOnce(SBAwayBulletinListItem* self, SEL selector) {
+  return ++recordsAsked % 2 == 1 ? recordDisplaced(self, selector) : nullptr;
+}
+
+TEST_F(NowPlaying, ItemsAreAskedOnceForTheirRecord) {
+  list({"Tavimo 0"});
+  show(text("Passcode"));
+  hookMethod(static_cast<Class>(objc_getClass("SBAwayBulletinListItem")), "activeBulletin", recordAskedOnce,
+             recordDisplaced);
+  EXPECT_EQ(remove(), (Lines{std::string(kRemoval) + " ITS-OBSERVER <BBBulletin Tavimo 0: Tavimo 0>"}));
+  EXPECT_EQ(recordsAsked, 1);
+}
+
 TEST_F(NowPlaying, NothingIsRemovedWithoutEventsAtTheLastLoadOrWithoutAList) {
   list({"Tavimo 0"});
   show(text("Passcode"));

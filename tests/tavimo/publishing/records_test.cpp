@@ -34,7 +34,7 @@ ScriptedEvent dentist() {
 
 TEST(Records, FieldsAreSetInOrderAndOnlyTheOnesAskedFor) {
   LockScreen phone({.beforePlugin = watchSetters});
-  scriptedStore().calendars = {{"RED", {1, 0, 0}}, {"BLUE", {0x1B / 255.0, 0xAD / 255.0, 0.9731}}};
+  scriptedStore().calendars = {{"RED"}, {"BLUE", {{0x1B / 255.0, 0xAD / 255.0, 0.9731}}}};
   scriptedStore().events = {dentist()};
   phone.settings("<key>swipeAction</key><integer>0</integer><key>compatibilityMode</key><false/>");
   EXPECT_EQ(messagesOfLoad(phone),
@@ -61,13 +61,40 @@ TEST(Records, FieldsAreSetInOrderAndOnlyTheOnesAskedFor) {
 
 TEST(Records, AnEventWithoutAnythingIsPublishedWithoutAnything) {
   LockScreen phone({.beforePlugin = watchSetters});
-  scriptedStore().events = {ScriptedEvent{.calendar = 99, .identifier = std::nullopt}};
+  scriptedStore().calendars.push_back({"WITHOUT-COLOUR", std::nullopt});
   phone.settings("<key>displayLocation</key><true/><key>debugMode</key><true/>");
-  EXPECT_EQ(messagesOfLoad(phone),
-            (Lines{"setTitle: none", "setMessage: TVM|#FFFFFF", "setShowsMessagePreview: true",
-                   "setSubtitle: none", "setDateIsAllDay: false", "setDate: 2001-01-01 00:00:00 +0000",
-                   "setEndDate: 2001-01-01 01:00:00 +0000", "setSection: com.apple.mobilecal",
-                   "setBulletinID: Tavimo 0"}));
+  constexpr std::size_t kNoCalendar = 99;
+  for (const std::size_t calendar : {std::size_t{1}, kNoCalendar}) {
+    scriptedStore().events = {
+        ScriptedEvent{.start = {}, .end = {}, .calendar = calendar, .identifier = std::nullopt}};
+    EXPECT_EQ(messagesOfLoad(phone),
+              (Lines{"setTitle: none", "setMessage: TVM|#FFFFFF", "setShowsMessagePreview: true",
+                     "setSubtitle: none", "setDateIsAllDay: false", "setDate: none", "setEndDate: none",
+                     "setSection: com.apple.mobilecal", "setBulletinID: Tavimo 0"}));
+  }
+}
+
+TEST(Records, AreMadeWhileTheEventsStoreLives) {
+  LockScreen phone;
+  scriptedStore().events = {dentist(), titled("two")};
+  scriptedStore().events[0]->url = "x-apple-calevent://RED/dentist?o=1";
+  phone.settings("<key>displayLocation</key><true/>");
+  for (const bool hidden : {false, true}) {
+    phone.makeController();
+    phone.load();
+    // An event loses its content with its store.
+    Lines expected{"Dentist|Main Street 1|TVM|#FF0000|x-apple-calevent://CAL/UID?o=415899000.0",
+                   "two||TVM|#FF0000|x-apple-calevent://CAL/UID?o=415879200.0"};
+    if (hidden) expected.erase(expected.begin());
+    Lines listed;
+    for (const ListRow& row : phone.rows()) {
+      listed.push_back(row.title + "|" + row.subtitle + "|" + row.message + "|" + row.launchURL);
+    }
+    EXPECT_EQ(listed, expected);
+    phone.write(kHiddenEvents, "<dict><key>x-apple-calevent://RED/dentist</key><string>N</string></dict>");
+  }
+  EXPECT_EQ(scriptedStore().connections, 2);
+  EXPECT_EQ(scriptedStore().outlivingEvents, 0);
 }
 
 TEST(Records, LaunchActionFollowsTheSettingAndTheEvent) {
@@ -88,6 +115,7 @@ TEST(Records, LaunchActionFollowsTheSettingAndTheEvent) {
       {"", {.start = midnight, .identifier = "AB"}, "x-apple-calevent://AB?o=415843200.0", ""},
       {"", {.identifier = std::nullopt}, "", ""},
       {"", {.identifier = "no url"}, "", ""},
+      {"", {.start = {}}, "", ""},
       // Shortly before midnight UTC it is the next day in Berlin.
       {"<key>swipeAction</key><integer>2</integer>",
        {.start = utc(2014, 3, 6, 23, 30), .identifier = std::nullopt},
@@ -97,6 +125,7 @@ TEST(Records, LaunchActionFollowsTheSettingAndTheEvent) {
        {.start = utc(2014, 12, 31, 22, 59)},
        "fantastical2://show?date=2014-12-31",
        ""},
+      {"<key>swipeAction</key><integer>2</integer>", {.start = {}}, "", ""},
       {"<key>swipeAction</key><integer>3</integer>"
        "<key>customLaunchAppBundleID</key><string>org.example.app</string>",
        {},

@@ -1,7 +1,8 @@
 // Colours as texts: what is read, what is written, and that both ends agree.
 #include <gtest/gtest.h>
 
-#include "platform/coregraphics/cg_color.h"
+#include "phone/uikit/cg_color.h"
+#include "phone/uikit/ui_color.h"
 #include "platform/uikit/ui_color.h"
 #include "tests/tavimo/support/lock_screen.h"
 
@@ -53,6 +54,7 @@ TEST(ColorStrings, ComponentsAreTruncatedAndWrittenInUpperCase) {
   EXPECT_EQ(written(UIColor::colorWithRed(1, 0.5, 0, 1)), "#FF7F00");
   EXPECT_EQ(written(UIColor::colorWithRed(0.999, 171 / 255.0, 0.0039, 0)), "#FEAB00");
   EXPECT_EQ(written(UIColor::colorWithWhite(0.5, 0.25)), "#7F7F7F");
+  EXPECT_EQ(written(makeColor({.count = 3, .components = {1, 0.5, 0}}).get()), "#FF7F00") << "no alpha";
   EXPECT_EQ(written(nullptr), "#FFFFFF");
 }
 

@@ -3,8 +3,14 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "phone/objc/class_definition.h"
+#include "phone/objc/hooking.h"
+#include "phone/uikit/ui_application.h"
 #include "phone/uikit/ui_image.h"
+#include "phone/uikit/ui_view.h"
 #include "platform/uikit/ui_color.h"
+#include "platform/uikit/ui_screen.h"
+#include "platform/uikit/ui_window.h"
 #include "tests/tavimo/support/lock_screen.h"
 
 namespace phone {
@@ -93,6 +99,25 @@ TEST(Images, RoundedCopyIsCutWithTheSquareOfTheRadius) {
     if (distance > kRadius + 1) return kClear;
     return std::nullopt;
   });
+}
+
+CGFloat scaleOfAnother(UIScreen*, SEL) { return 3; }
+UIScreen* anotherScreen(UIWindow*, SEL) {
+  static UIScreen* const screen = objc::make<UIScreen, "AnotherScreen">().relinquish();
+  return screen;
+}
+
+TEST(Images, RoundedCopyHasTheScaleOfTheWindowsScreen) {
+  const LockScreen phone;
+  registerClass(
+      {.name = "AnotherScreen", .superclass = "UIScreen", .methods = {method("scale", scaleOfAnother)}});
+  startApplication("UIApplication");
+  const auto image = makeImage(redSquare(58), 2);
+  objc::send<"makeKeyAndVisible">(makeView<UIWindow, "UIWindow">().get());
+  EXPECT_EQ(rounded(image.get(), 3)->scale(), UIScreen::mainScreen()->scale());
+  objc::Displaced<UIScreen*(UIWindow*, SEL)> displaced;
+  hookMethod(objc::classNamed<"UIWindow">(), "screen", anotherScreen, displaced);
+  EXPECT_EQ(rounded(image.get(), 3)->scale(), 3);
 }
 
 TEST(Images, RadiusOfZeroGivesTheImageAndNoImageGivesNone) {

@@ -257,13 +257,20 @@ TEST(Settings, CalendarColoredTitlesStayUntilAnotherColorIsNamed) {
   } loads[] = {{"", false},
                {entry("textColor", string("999")), true},
                {"", true},
-               {entry("textColor", "<dict/>"), true},
                {entry("textColor", integer(3)), false},
-               {"", false}};
+               {"", false},
+               // A value that is no number ends it as well.
+               {entry("textColor", integer(999)), true},
+               {entry("textColor", "<dict/>"), false},
+               {entry("textColor", integer(999)), true},
+               {entry("textColor", "<array><integer>999</integer></array>"), false},
+               {entry("textColor", integer(999)), true},
+               {entry("textColor", "<data>OTk5</data>"), false}};
   for (const auto& [entries, expected] : loads) {
     phone.settings(entries);
     phone.load();
     EXPECT_EQ(flag("titleColorSameAsCalendarColor"), expected) << entries;
+    EXPECT_EQ(color("textColor"), kWhite) << entries;
   }
 }
 

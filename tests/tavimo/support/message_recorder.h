@@ -1,13 +1,18 @@
-// Records messages: which ones were sent, in which order, with what. A watched method still does its work.
+// Records messages, and what is logged between them: which ones were sent, in which order, with what. A
+// watched method still does its work.
 #pragma once
 
+#include <algorithm>
+#include <gtest/gtest.h>
 #include <map>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
+#include "phone/foundation/log_sink.h"
 #include "phone/objc/class_definition.h"
 #include "phone/objc/hooking.h"
 #include "platform/coregraphics/cg_geometry.h"
@@ -43,8 +48,20 @@ std::string describe(Value value) {
   return line.str();
 }
 
+/// Whether logged lines are moved among the messages; otherwise they stay in the log.
+inline bool& isTracing() {
+  static bool tracing = false;
+  return tracing;
+}
+inline void recordLog() {
+  if (!isTracing()) return;
+  for (const std::string& line : logLines()) sentMessages().push_back("log " + line);
+  clearLog();
+}
+
 template <typename... Arguments>
 void record(SEL selector, Arguments... arguments) {
+  recordLog();
   std::string line = sel_getName(selector);
   ((line += " " + describe(arguments)), ...);
   sentMessages().push_back(line);
@@ -76,6 +93,28 @@ struct Recording<Result(Arguments...)> {
 };
 
 }  // namespace detail
+
+/// What `work` sends and logs, in order; a logged line is "log " and the line.
+template <typename Work>
+std::vector<std::string> traceOf(Work work) {
+  sentMessages().clear();
+  clearLog();
+  detail::isTracing() = true;
+  work();
+  detail::recordLog();
+  detail::isTracing() = false;
+  return std::exchange(sentMessages(), {});
+}
+
+/// Success when there are as many lines as beginnings, and each line begins as it should.
+inline testing::AssertionResult beginAs(const std::vector<std::string>& lines,
+                                        const std::vector<std::string>& beginnings) {
+  const bool agree = std::ranges::equal(
+      lines, beginnings, [](const auto& line, const auto& beginning) { return line.starts_with(beginning); });
+  if (agree) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << testing::PrintToString(lines) << " do not begin as "
+                                     << testing::PrintToString(beginnings);
+}
 
 /// Watches a method of that class: watch<void(NSString*)>("BBBulletin", "setTitle:"). A selector can be
 /// watched in one class only. Throws when there is no such method.

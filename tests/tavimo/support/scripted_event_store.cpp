@@ -1,5 +1,7 @@
 #include "tests/tavimo/support/scripted_event_store.h"
 
+#include <memory>
+
 #include "phone/objc/class_definition.h"
 #include "platform/eventkit/ek_calendar.h"
 #include "platform/eventkit/ek_event.h"
@@ -17,8 +19,26 @@ namespace {
 struct CalendarState {
   ScriptedCalendar script;
 };
+/// What a store and its events share.
+struct Connection {
+  bool isOpen = true;
+  int events = 0;
+};
+struct StoreState {
+  std::shared_ptr<Connection> connection = std::make_shared<Connection>();
+
+  ~StoreState() {
+    connection->isOpen = false;
+    scriptedStore().outlivingEvents += connection->events;
+  }
+};
 struct EventState {
   ScriptedEvent script;
+  std::shared_ptr<Connection> connection;
+
+  ~EventState() {
+    if (connection) --connection->events;
+  }
 };
 struct PersistentEventState {
   objc::Owned<NSString> identifier;
@@ -44,12 +64,22 @@ ClassDefinition ekCalendar() {
                           }),
                       method(
                           "CGColor", +[](EKCalendar* self, SEL) {
-                            const auto& [red, green, blue] = stateOf<CalendarState>(self).script.color;
+                            const auto& color = stateOf<CalendarState>(self).script.color;
+                            if (!color) return CGColorRef();
+                            const auto& [red, green, blue] = *color;
                             return UIColor::colorWithRed(red, green, blue, 1)->getCGColor();
                           })}};
 }
 
-const ScriptedEvent& scriptOf(EKEvent* event) { return stateOf<EventState>(event).script; }
+/// What the event shows: nothing at all once its store is gone.
+const ScriptedEvent& scriptOf(EKEvent* event) {
+  static const ScriptedEvent blank{
+      .start = {}, .end = {}, .calendar = static_cast<std::size_t>(-1), .identifier = {}};
+  const auto& [script, connection] = stateOf<EventState>(event);
+  return connection->isOpen ? script : blank;
+}
+
+NSDate* dateOrNone(const std::optional<double>& seconds) { return seconds ? dateAt(*seconds) : nullptr; }
 
 EKPersistentEvent* persistentEvent(EKEvent* self, SEL) {
   auto stored = objc::make<EKPersistentEvent, "EKPersistentEvent">();
@@ -72,9 +102,9 @@ ClassDefinition ekEvent() {
                   method(
                       "location", +[](EKEvent* self, SEL) { return textOrNone(scriptOf(self).location); }),
                   method(
-                      "startDate", +[](EKEvent* self, SEL) { return dateAt(scriptOf(self).start); }),
+                      "startDate", +[](EKEvent* self, SEL) { return dateOrNone(scriptOf(self).start); }),
                   method(
-                      "endDate", +[](EKEvent* self, SEL) { return dateAt(scriptOf(self).end); }),
+                      "endDate", +[](EKEvent* self, SEL) { return dateOrNone(scriptOf(self).end); }),
                   method(
                       "isAllDay", +[](EKEvent* self, SEL) { return scriptOf(self).isAllDay; }),
                   method(
@@ -111,7 +141,7 @@ NSObject* predicate(EKEventStore*, SEL, NSDate* start, NSDate* end, NSArray* sea
   return text("a search");
 }
 
-NSArray* eventsMatching(EKEventStore*, SEL, NSObject* /*predicate*/) {
+NSArray* eventsMatching(EKEventStore* self, SEL, NSObject* /*predicate*/) {
   NSMutableArray* const found = NSMutableArray::array();
   for (const auto& script : scriptedStore().events) {
     if (!script) {
@@ -119,7 +149,10 @@ NSArray* eventsMatching(EKEventStore*, SEL, NSObject* /*predicate*/) {
       continue;
     }
     const auto event = objc::make<EKEvent, "EKEvent">();
-    stateOf<EventState>(event.get()).script = *script;
+    auto& made = stateOf<EventState>(event.get());
+    made.script = *script;
+    made.connection = stateOf<StoreState>(self).connection;
+    ++made.connection->events;
     found->addObject(event.get());
   }
   return found;
@@ -128,6 +161,7 @@ NSArray* eventsMatching(EKEventStore*, SEL, NSObject* /*predicate*/) {
 ClassDefinition ekEventStore() {
   return {.name = "EKEventStore",
           .superclass = "NSObject",
+          .state = state<StoreState>(),
           .methods = {method("init", initStore), method("calendars", calendars),
                       method("calendarWithIdentifier:", calendarWithIdentifier),
                       method("predicateForEventsWithStartDate:endDate:calendars:", predicate),

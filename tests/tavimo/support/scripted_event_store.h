@@ -1,5 +1,5 @@
 // A calendar store that answers what the test says and notes what it was asked, missing entries and odd
-// identifiers included, which the phone's own store never gives.
+// identifiers included, which the phone's own store never gives. Its events go blank when their store dies.
 #pragma once
 
 #include <array>
@@ -11,13 +11,13 @@ namespace phone {
 
 struct ScriptedCalendar {
   std::string identifier;
-  std::array<double, 3> color = {1, 0, 0};
+  std::optional<std::array<double, 3>> color = {{1, 0, 0}};
 };
 
 struct ScriptedEvent {
   std::optional<std::string> title = {};
-  double start = 0;
-  double end = start + 3600;
+  std::optional<double> start = 0;
+  std::optional<double> end = start.value_or(0) + 3600;
   std::optional<std::string> location = {};
   bool isAllDay = false;
   /// Index into the store's calendars; beyond them: an event of no calendar.
@@ -39,6 +39,8 @@ struct ScriptedStore {
   std::vector<std::optional<ScriptedEvent>> events;
   std::vector<ScriptedQuery> queries;
   int connections = 0;
+  /// How many events were still alive when their store died.
+  int outlivingEvents = 0;
 };
 
 /// The one store of the process.
