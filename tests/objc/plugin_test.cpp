@@ -23,7 +23,9 @@ std::string failureOf(const Action& action) {
   return "no failure";
 }
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
 
 TEST(Plugin, FailuresNameWhatIsMissing) {
   EXPECT_TRUE(contains(failureOf([] { pluginAddress("early"); }), "no plug-in is loaded"));
