@@ -12,6 +12,7 @@
 #include "phone/app/picture_option.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
+#include "phone/foundation/file_problems.h"
 #include "platform/eventkit/ek_event.h"
 
 namespace phone {
@@ -50,6 +51,7 @@ std::string edit(CalendarProcess& calendar, EKEventEditor* editor, const EventFi
   if (!arguments.showOnLockscreen.empty()) {
     calendar.setSwitch(editor, kLockscreenSwitch, arguments.showOnLockscreen == "on");
   }
+  requireNoFileProblem();
   if (arguments.picture.isWanted()) arguments.picture.write(calendar.pictureOf(editor));
   arguments.picture.text() << textOf(calendar.screenOf(editor));
   const auto event = objc::Owned<EKEvent>::retain(static_cast<EKEvent*>(editor->calendarItem()));

@@ -9,6 +9,7 @@
 #include "phone/app/picture_option.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
+#include "phone/foundation/file_problems.h"
 
 namespace phone {
 
@@ -23,6 +24,7 @@ struct Arguments {
 void show(const Arguments& arguments, const Invocation& invocation) {
   auto calendar = CalendarProcess::boot(arguments.host.options(invocation.root()), invocation.plugin());
   EKEventViewController* const view = calendar.openEvent(eventMeant(arguments.event));
+  requireNoFileProblem();
   if (arguments.picture.isWanted()) arguments.picture.write(calendar.pictureOf(view));
   arguments.picture.text() << textOf(calendar.screenOf(view));
 }

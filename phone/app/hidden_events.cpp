@@ -6,8 +6,7 @@
 namespace phone {
 
 HiddenEvents::HiddenEvents()
-    : store_(objc::Owned<NSDictionary>::retain(
-          NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kHiddenEventsFile))))) {}
+    : store_(objc::Owned<NSDictionary>::retain(readDictionary(kHiddenEventsFile).get())) {}
 
 bool HiddenEvents::contains(const std::string& eventIdentifier) const {
   const auto name = parseEventIdentifier(eventIdentifier);

@@ -13,6 +13,7 @@
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/springboard/home_screen.h"
 #include "platform/foundation/ns_date.h"
@@ -104,6 +105,7 @@ void run(const Arguments& arguments, const Invocation& invocation) {
   // The plug-in shows what it has and says nothing; a list that lacks events for that reason is no answer
   // here.
   if (!firstStoreProblem().empty()) throw std::runtime_error(firstStoreProblem());
+  requireNoFileProblem();
   if (arguments.scroll > 0) home.scrollTo(rowIndex(arguments.scroll, report.rows));
   if (arguments.picture.isWanted()) arguments.picture.write(home.picture());
   if (arguments.tap > 0) {

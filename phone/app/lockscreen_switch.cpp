@@ -5,6 +5,7 @@
 #include "phone/app/hidden_events.h"
 #include "phone/app/phone_files.h"
 #include "phone/calendarui/calendar_process.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/foundation/phone_root.h"
 #include "phone/uikit/ui_alert_view.h"
 
@@ -18,8 +19,11 @@ void showOnLockscreen(CalendarProcess& calendar, const std::string& eventIdentif
 
 void requireChoiceKept(const std::string& eventIdentifier, bool shown) {
   if (HiddenEvents().contains(eventIdentifier) != shown) return;
-  throw std::runtime_error("the choice was not kept: " + pathOnThisMachine(kHiddenEventsFile).string() +
-                           " could not be written; check the folder's permissions and the space on the disk");
+  const std::string reason = fileProblems().empty()
+                                 ? pathOnThisMachine(kHiddenEventsFile).string() + " could not be written"
+                                 : fileProblems().back();
+  throw std::runtime_error("the choice was not kept: " + reason +
+                           "; check the folder's permissions and the space on the disk");
 }
 
 void closeEditor(CalendarProcess& calendar, EKEventEditor* editor, EditAction action) {

@@ -1,13 +1,16 @@
 // The `phone` command: makes, fills, sets up and looks at a stand-in phone. This file parses and turns errors
 // into exit codes: 0 done, 1 could not do it, 2 wrong use.
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <iostream>
+#include <new>
 
 #include "phone/app/parse_words.h"
 #include "phone/app/printable.h"
 #include "phone/app/process_start.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
+#include "phone/foundation/file_problems.h"
 #include "platform/foundation/autorelease_pool.h"
 
 namespace phone {
@@ -56,6 +59,14 @@ int refuse(const CLI::App& command, const std::string& reason) {
   return kWrongUse;
 }
 
+/// What a host or the plug-in could not read or write, and took without a word, as they do on a phone.
+bool tellFileProblems(const CLI::App& command) {
+  for (const std::string& problem : fileProblems()) {
+    std::cerr << spokenSoFar(&command) << ": " << printableLines(problem) << "\n";
+  }
+  return !fileProblems().empty();
+}
+
 int run(int argc, char** argv) {
   CLI::App command(
       "Makes a stand-in phone, fills its calendar, sets up the plug-in, and shows the lock screen.", "phone");
@@ -86,16 +97,20 @@ int run(int argc, char** argv) {
     std::cerr << spokenSoFar(&command) << ": " << printableLines(describeError(error)) << "\n";
     return kCouldNotDoIt;
   }
-  return 0;
+  return tellFileProblems(command) ? kCouldNotDoIt : 0;
 }
 
 }  // namespace
 
 }  // namespace phone
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   phone::prepareStreams();
   if (const int code = phone::refuseBrokenTexts(argc, argv); code != 0) return code;
   const AutoreleasePool pool;
   return phone::finishOutput(phone::run(argc, argv));
+} catch (const std::bad_alloc&) {
+  // Without the verb's name, which would need memory.
+  std::fputs("phone: there is not enough memory\n", stderr);
+  return phone::kCouldNotDoIt;
 }

@@ -28,6 +28,14 @@ std::vector<fs::path> missingFolders(fs::path folder) {
   return missing;
 }
 
+/// Whatever is not to be removed stays; there is nobody to tell.
+void removeWhole(const fs::path& entry) {
+  std::error_code error;
+  do {
+    fs::remove_all(entry, error);
+  } while (error == std::errc::interrupted);
+}
+
 }  // namespace
 
 PhoneInTheMaking::PhoneInTheMaking(fs::path root) : root_(std::move(root)) {
@@ -55,10 +63,10 @@ void PhoneInTheMaking::finish(const std::vector<std::string>& names) {
 }
 
 void PhoneInTheMaking::takeAway() {
-  std::error_code ignored;
-  for (const fs::path& entry : moved_) fs::remove_all(entry, ignored);
-  if (!workshop_.empty()) fs::remove_all(workshop_, ignored);
+  for (const fs::path& entry : moved_) removeWhole(entry);
+  if (!workshop_.empty()) removeWhole(workshop_);
   // Only what is empty goes: another process may have put something beside.
+  std::error_code ignored;
   for (auto folder = madeFolders_.rbegin(); folder != madeFolders_.rend(); ++folder) {
     fs::remove(*folder, ignored);
   }

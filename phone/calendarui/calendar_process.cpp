@@ -38,9 +38,10 @@ ScreenBar barOf(UIViewController* controller) {
   return {"Edit Event", "Cancel", "Done", "Delete Event"};
 }
 
-/// Borrowed. Throws std::runtime_error when there is none.
+/// Borrowed. Throws std::runtime_error when there is none, or when the calendar cannot be read.
 EKEvent* findEvent(EKEventStore* store, const std::string& identifier) {
   EKEvent* const event = store->eventWithIdentifier(NSString::stringWithUTF8String(identifier.c_str()));
+  if (event == nullptr && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
   if (event == nullptr) throw std::runtime_error("there is no event \"" + identifier + "\"");
   return event;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "phone/eventkit/memory_check.h"
 #include "phone/eventkit/occurrence_bucket.h"
 #include "phone/eventkit/recurrence_rule.h"
 
@@ -128,7 +129,9 @@ std::optional<std::int64_t> insertEvent(CalendarDatabase& database, const EventR
   insert.run();
   if (database.connection().changedRows() == 0) return std::nullopt;
   const std::int64_t row = database.connection().lastInsertedRow();
+  const MemoryCheck memory;
   insertRepetitions(database, row, event, zoneRow);
+  memory.require();
   return row;
 }
 
@@ -145,7 +148,9 @@ void replaceEvent(CalendarDatabase& database, std::int64_t row, const EventRecor
       "imported = ?13, revision = ?14, modified = ?15 WHERE id = ?16");
   bindEvent(update, event, zoneRow);
   update.bind(16, row).run();
+  const MemoryCheck memory;
   insertRepetitions(database, row, event, zoneRow);
+  memory.require();
 }
 
 void removeEvent(CalendarDatabase& database, std::int64_t row) {

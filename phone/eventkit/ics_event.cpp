@@ -8,6 +8,7 @@
 
 #include "phone/eventkit/ical_owned.h"
 #include "phone/eventkit/ics_text.h"
+#include "phone/eventkit/memory_check.h"
 #include "phone/eventkit/recurrence_rule.h"
 
 namespace phone {
@@ -256,7 +257,15 @@ class IcsEventReader {
 }  // namespace
 
 IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones) {
-  return IcsEventReader(file, component, zones).read();
+  const MemoryCheck memory;
+  try {
+    IcsEvent event = IcsEventReader(file, component, zones).read();
+    memory.require();
+    return event;
+  } catch (const IcsError&) {
+    memory.require();
+    throw;
+  }
 }
 
 }  // namespace phone

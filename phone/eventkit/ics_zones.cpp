@@ -1,11 +1,14 @@
 #include "phone/eventkit/ics_zones.h"
 
 #include "phone/eventkit/ical_owned.h"
+#include "phone/eventkit/memory_check.h"
 
 namespace phone {
 
 void IcsZones::define(const IcsComponent& component) {
+  const MemoryCheck memory;
   const OwnedComponent zone(icalparser_parse_string(component.text.c_str()));
+  memory.require();
   if (zone == nullptr) return;
   std::string name;
   Definition definition{{}, component.text};

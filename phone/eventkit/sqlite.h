@@ -35,6 +35,7 @@ class Statement {
   void reset() { sqlite3_reset(statement_.get()); }
 
   std::int64_t integer(int column) { return sqlite3_column_int64(statement_.get(), column); }
+  /// Empty for NULL. Throws DatabaseError when there is no memory for it.
   std::string text(int column);
   bool isNull(int column) { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
 
