@@ -1,4 +1,4 @@
-// What libFuzzer calls.
+// What libFuzzer calls; a program without libFuzzer does not take this file from its library.
 #include <cstddef>
 #include <cstdint>
 
