@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <new>
 #include <system_error>
 
 namespace phone {
@@ -51,7 +52,13 @@ PhoneInTheMaking::PhoneInTheMaking(fs::path root) : root_(std::move(root)) {
   }
 }
 
-PhoneInTheMaking::~PhoneInTheMaking() { takeAway(); }
+PhoneInTheMaking::~PhoneInTheMaking() {
+  try {
+    takeAway();
+  } catch (const std::bad_alloc&) {
+    // What stays is named by the next attempt, which finds the folder not empty.
+  }
+}
 
 void PhoneInTheMaking::finish(const std::vector<std::string>& names) {
   for (const std::string& name : names) {

@@ -123,10 +123,6 @@ void expectReason(const FaultyRun& run) {
   }
 }
 
-void expectNoEscapedException(const FaultyRun& run) {
-  EXPECT_EQ(run.result.errors.find("terminate called"), std::string::npos);
-}
-
 void expectFileNamed(const FaultyPhone& phone, const FaultyRun& run) {
   if (run.result.exitCode == 0) return;
   const auto isNamed = [&run](const auto& file) {

@@ -20,9 +20,6 @@ void expectNoLieBarLooks(const FaultyPhone& phone, const FaultyRun& run);
 /// A run that could not do it says why, in words of our own.
 void expectReason(const FaultyRun& run);
 
-/// No exception of C++ ended the process.
-void expectNoEscapedException(const FaultyRun& run);
-
 /// The reason names a file or folder that the verb works on.
 void expectFileNamed(const FaultyPhone& phone, const FaultyRun& run);
 
