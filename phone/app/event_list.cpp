@@ -45,8 +45,10 @@ std::vector<ListedEvent> comingEvents(double now, int days) {
       calendars.emplace(calendar.id, calendar);
       rows.push_back(calendar.id);
     }
-    for (EventOccurrence& occurrence :
-         occurrencesInRange(database, {start, start + days * kSecondsPerDay}, rows, phoneZone())) {
+    FoundOccurrences found =
+        occurrencesInRange(database, {start, start + days * kSecondsPerDay}, rows, phoneZone());
+    for (const std::string& omission : found.omissions) std::cerr << "note: " << omission << "\n";
+    for (EventOccurrence& occurrence : found.occurrences) {
       const CalendarRecord& calendar = calendars.at(occurrence.calendar);
       std::string identifier = eventIdentifier(calendar.identifier, occurrence.uid, occurrence.replaces);
       const bool hidden = hiddenEvents.contains(identifier);

@@ -51,9 +51,10 @@ std::string summary(const ImportedCalendar& imported) {
 
 ImportResult importWithProgress(const std::vector<std::filesystem::path>& paths, bool removeMissing) {
   ProgressLine line;
-  return importCalendars(
-      sharedDatabaseForWriting(), paths,
-      {.removeMissing = removeMissing, .progress = [&line](const ImportProgress& now) { line.show(now); }});
+  return importCalendars(sharedDatabaseForWriting(), paths,
+                         {.removeMissing = removeMissing,
+                          .phoneZone = phoneZone(),
+                          .progress = [&line](const ImportProgress& now) { line.show(now); }});
 }
 
 }  // namespace

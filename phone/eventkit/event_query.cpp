@@ -1,7 +1,10 @@
 #include "phone/eventkit/event_query.h"
 
 #include <algorithm>
+#include <set>
+#include <sstream>
 #include <tuple>
+#include <unordered_map>
 
 #include "phone/eventkit/identifiers.h"
 
@@ -40,59 +43,169 @@ void placeAt(EventOccurrence& event, Seconds storedStart, Seconds storedEnd, con
   if (event.isAllDay) event.end = phoneZone.toInstant(storedEnd - 1);
 }
 
-/// Whether the repetition is left out of its series: by name, or because another event stands in for it.
-bool isLeftOut(CalendarDatabase& database, const EventOccurrence& event, const EventZone* zone) {
-  const Seconds wall = zone == nullptr ? event.storedStart : zone->toWall(event.storedStart);
-  const auto bindNames = [&](Statement& query, int parameter) {
+/// The repetitions that are left out of a series: by name, or because another event stands in for them.
+class LeftOut {
+ public:
+  LeftOut() = default;
+  LeftOut(CalendarDatabase& database, const EventOccurrence& event) {
+    Statement& named =
+        database.prepared("SELECT kind, value FROM event_date WHERE event = ?1 AND kind IN (1, 2, 3)");
+    add(named.bind(1, event.event));
+    Statement& replaced = database.prepared(
+        "SELECT replaces_kind, replaces_value FROM event WHERE calendar = ?1 AND uid = ?2 AND "
+        "replaces_kind IN (1, 2, 3)");
+    add(replaced.bind(1, event.calendar).bind(2, event.uid));
+    std::sort(names_.begin(), names_.end());
+  }
+
+  bool contain(Seconds storedStart, const EventZone* zone) const {
+    if (names_.empty()) return false;
+    const Seconds wall = zone == nullptr ? storedStart : zone->toWall(storedStart);
     // An event without a zone has no instant of its own; its wall time serves for both.
-    query.bind(parameter, event.storedStart)
-        .bind(parameter + 1, wall)
-        .bind(parameter + 2, dayOf(wall) * kSecondsPerDay);
+    return isNamed({RepetitionKind::kInstant, storedStart}) || isNamed({RepetitionKind::kWallTime, wall}) ||
+           isNamed({RepetitionKind::kDay, dayOf(wall) * kSecondsPerDay});
+  }
+
+ private:
+  void add(Statement& query) {
+    const StatementScope scope(query);
+    while (query.step()) names_.push_back({static_cast<RepetitionKind>(query.integer(0)), query.integer(1)});
+  }
+
+  bool isNamed(const RepetitionName& name) const {
+    return std::binary_search(names_.begin(), names_.end(), name);
+  }
+
+  std::vector<RepetitionName> names_;
+};
+
+/// A search: judges what the indexes and rules propose, and keeps the earliest.
+class Search {
+ public:
+  Search(CalendarDatabase& database, TimeRange range, const std::vector<std::int64_t>& calendars,
+         const EventZone& phoneZone)
+      : database_(database), range_(range), calendars_(calendars), phoneZone_(phoneZone) {}
+
+  FoundOccurrences run() {
+    const CandidateOmissions omitted =
+        collectCandidates(database_, range_, phoneZone_,
+                          [this](const OccurrenceCandidate& candidate) { return judge(candidate); });
+    if (omitted.cutRules > 0) {
+      leaveOut(std::to_string(omitted.cutRules) +
+               (omitted.cutRules == 1 ? " rule repeats" : " rules repeat") + " more than " +
+               std::to_string(kMaxOccurrencesOfRule) +
+               " times in the time that is searched; later occurrences are left out");
+    }
+    if (omitted.isBudgetSpent) {
+      leaveOut("the rules of some events take too long to follow; some of their occurrences are left out");
+    }
+    if (isFull_) {
+      leaveOut("there are more than " + std::to_string(kMaxOccurrences) + " events; those after " +
+               showTime(kept_.rbegin()->start) + " are left out");
+    }
+    takeKept();
+    return std::move(found_);
+  }
+
+ private:
+  struct KnownEvent {
+    std::optional<EventOccurrence> event;
+    const EventZone* zone = nullptr;
+    LeftOut leftOut;
   };
-  Statement& named = database.prepared(
-      "SELECT 1 FROM event_date WHERE event = ?1 AND "
-      "((kind = 1 AND value = ?2) OR (kind = 2 AND value = ?3) OR (kind = 3 AND value = ?4))");
-  const StatementScope namedScope(named);
-  bindNames(named.bind(1, event.event), 2);
-  if (named.step()) return true;
-  Statement& replaced = database.prepared(
-      "SELECT 1 FROM event WHERE calendar = ?1 AND uid = ?2 AND "
-      "((replaces_kind = 1 AND replaces_value = ?3) OR (replaces_kind = 2 AND replaces_value = ?4) OR "
-      "(replaces_kind = 3 AND replaces_value = ?5))");
-  const StatementScope replacedScope(replaced);
-  bindNames(replaced.bind(1, event.calendar).bind(2, event.uid), 3);
-  return replaced.step();
-}
+
+  struct Kept {
+    Seconds start;
+    std::int64_t event;
+    Seconds storedStart;
+    Seconds storedEnd;
+
+    /// The same repetition can be named twice: as the start and by the rule, by two rules, by a rule and a
+    /// date.
+    bool operator<(const Kept& other) const {
+      return std::tie(start, event, storedStart) < std::tie(other.start, other.event, other.storedStart);
+    }
+  };
+
+  KnownEvent& known(std::int64_t row) {
+    const auto [place, isNew] = events_.try_emplace(row);
+    KnownEvent& known = place->second;
+    if (!isNew) return known;
+    known.event = readRow(database_, row, known.zone);
+    if (!known.event) return known;
+    if (std::find(calendars_.begin(), calendars_.end(), known.event->calendar) == calendars_.end()) {
+      known.event.reset();
+    } else if (known.event->repeats) {
+      known.leftOut = LeftOut(database_, *known.event);
+    }
+    return known;
+  }
+
+  Verdict judge(const OccurrenceCandidate& candidate) {
+    KnownEvent& of = known(candidate.event);
+    if (!of.event) return Verdict::kUnwantedEvent;
+    EventOccurrence& event = *of.event;
+    placeAt(event, candidate.start, candidate.end, of.zone, phoneZone_);
+    if (!overlaps(range_, event.start, event.isAllDay ? event.end + 1 : event.end)) {
+      return Verdict::kPassedOver;
+    }
+    if (kept_.size() == kMaxOccurrences && event.start > kept_.rbegin()->start) {
+      isFull_ = true;
+      return Verdict::kTooLate;
+    }
+    if (of.leftOut.contain(candidate.start, of.zone)) return Verdict::kPassedOver;
+    kept_.insert({event.start, candidate.event, candidate.start, candidate.end});
+    if (kept_.size() > kMaxOccurrences) {
+      kept_.erase(std::prev(kept_.end()));
+      isFull_ = true;
+    }
+    return Verdict::kTaken;
+  }
+
+  void takeKept() {
+    std::size_t textSize = 0;
+    for (const Kept& kept : kept_) {
+      KnownEvent& of = events_.at(kept.event);
+      placeAt(*of.event, kept.storedStart, kept.storedEnd, of.zone, phoneZone_);
+      textSize += of.event->title.size() + of.event->location.value_or("").size();
+      if (textSize > kMaxTextSize && !found_.occurrences.empty()) {
+        leaveOut("the titles are too long for all events; those from " + showTime(kept.start) +
+                 " on are left out");
+        break;
+      }
+      found_.occurrences.push_back(*of.event);
+    }
+    std::sort(found_.occurrences.begin(), found_.occurrences.end(),
+              [](const EventOccurrence& left, const EventOccurrence& right) {
+                return std::tie(left.start, left.title, left.calendar, left.uid) <
+                       std::tie(right.start, right.title, right.calendar, right.uid);
+              });
+  }
+
+  void leaveOut(std::string text) { found_.omissions.push_back(std::move(text)); }
+
+  std::string showTime(Seconds instant) const {
+    std::ostringstream text;
+    text << civilTime(phoneZone_.toWall(instant));
+    return text.str();
+  }
+
+  CalendarDatabase& database_;
+  TimeRange range_;
+  const std::vector<std::int64_t>& calendars_;
+  const EventZone& phoneZone_;
+  std::unordered_map<std::int64_t, KnownEvent> events_;
+  std::set<Kept> kept_;
+  bool isFull_ = false;
+  FoundOccurrences found_;
+};
 
 }  // namespace
 
-std::vector<EventOccurrence> occurrencesInRange(CalendarDatabase& database, TimeRange range,
-                                                const std::vector<std::int64_t>& calendars,
-                                                const EventZone& phoneZone) {
-  std::vector<EventOccurrence> found;
-  if (calendars.empty()) return found;
-  std::optional<EventOccurrence> event;
-  const EventZone* zone = nullptr;
-  std::int64_t row = 0;
-  for (const OccurrenceCandidate& candidate : collectCandidates(database, range, phoneZone)) {
-    if (candidate.event != row) {
-      row = candidate.event;
-      event = readRow(database, row, zone);
-      if (event && std::find(calendars.begin(), calendars.end(), event->calendar) == calendars.end()) {
-        event.reset();
-      }
-    }
-    if (!event) continue;
-    placeAt(*event, candidate.start, candidate.end, zone, phoneZone);
-    if (!overlaps(range, event->start, event->isAllDay ? event->end + 1 : event->end)) continue;
-    if (event->repeats && isLeftOut(database, *event, zone)) continue;
-    found.push_back(*event);
-  }
-  std::sort(found.begin(), found.end(), [](const EventOccurrence& left, const EventOccurrence& right) {
-    return std::tie(left.start, left.title, left.calendar, left.uid) <
-           std::tie(right.start, right.title, right.calendar, right.uid);
-  });
-  return found;
+FoundOccurrences occurrencesInRange(CalendarDatabase& database, TimeRange range,
+                                    const std::vector<std::int64_t>& calendars, const EventZone& phoneZone) {
+  if (calendars.empty()) return {};
+  return Search(database, range, calendars, phoneZone).run();
 }
 
 EventOccurrence firstOccurrence(CalendarDatabase& database, std::int64_t row, const EventZone& phoneZone) {

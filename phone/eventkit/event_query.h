@@ -30,11 +30,22 @@ struct EventOccurrence {
   Seconds storedStart = 0;
 };
 
-/// The occurrences in those calendars that overlap the range, by start, then title. No calendars: no
-/// occurrences. `phoneZone` is where the phone is. Throws DatabaseError.
-std::vector<EventOccurrence> occurrencesInRange(CalendarDatabase& database, TimeRange range,
-                                                const std::vector<std::int64_t>& calendars,
-                                                const EventZone& phoneZone);
+/// A search gives at most so many occurrences, the earliest, and stops when their titles and locations take
+/// so many bytes: there are files with a rule for every second, and with titles of a megabyte.
+inline constexpr std::size_t kMaxOccurrences = 5000;
+inline constexpr std::size_t kMaxTextSize = 4'000'000;
+
+struct FoundOccurrences {
+  /// By start, then title.
+  std::vector<EventOccurrence> occurrences;
+  /// What was left out to keep within bounds, in words for people; empty as a rule.
+  std::vector<std::string> omissions;
+};
+
+/// The occurrences in those calendars that overlap the range. No calendars: no occurrences. `phoneZone` is
+/// where the phone is. Throws DatabaseError.
+FoundOccurrences occurrencesInRange(CalendarDatabase& database, TimeRange range,
+                                    const std::vector<std::int64_t>& calendars, const EventZone& phoneZone);
 
 /// The first occurrence of the event in that row.
 EventOccurrence firstOccurrence(CalendarDatabase& database, std::int64_t row, const EventZone& phoneZone);

@@ -46,6 +46,9 @@ struct EventRecord {
   std::optional<EventZone> zone = std::nullopt;
   Seconds start = 0;
   Seconds end = 0;
+  /// How many days of the length of each occurrence are counted on the calendar rather than on the clock;
+  /// only of events with rules and a zone.
+  std::int64_t calendarDays = 0;
 
   /// Recurrence rules as storedRule() gives them.
   std::vector<std::string> rules = {};

@@ -5,6 +5,7 @@
 #include "phone/eventkit/memory_check.h"
 #include "phone/eventkit/occurrence_bucket.h"
 #include "phone/eventkit/recurrence_rule.h"
+#include "phone/eventkit/series_length.h"
 
 namespace phone {
 
@@ -39,7 +40,8 @@ void insertDate(CalendarDatabase& database, std::int64_t row, int kind, Seconds 
 Seconds lastEnd(const EventRecord& event, const RecurrenceRule& rule) {
   const Seconds last = rule.lastStart();
   if (last >= kEndless) return kEndless;
-  return (event.zone ? event.zone->toInstant(last) : last) + event.duration();
+  const EventZone* const zone = event.zone ? &*event.zone : nullptr;
+  return SeriesLength::of(event).endAfter(zone != nullptr ? zone->toInstant(last) : last, zone);
 }
 
 void insertRepetitions(CalendarDatabase& database, std::int64_t row, const EventRecord& event,
@@ -49,7 +51,7 @@ void insertRepetitions(CalendarDatabase& database, std::int64_t row, const Event
   for (const std::string& rule : event.rules) {
     Statement& insert = database.prepared(
         "INSERT INTO series (event, start, duration, zone, last_end, rule) VALUES (?1, ?2, ?3, ?4, ?5, ?6)");
-    insert.bind(1, row).bind(2, event.start).bind(3, event.duration()).bind(4, zoneRow);
+    insert.bind(1, row).bind(2, event.start).bind(3, SeriesLength::of(event).stored()).bind(4, zoneRow);
     insert.bind(5, lastEnd(event, RecurrenceRule::fromStored(rule, event.wallStart()))).bind(6, rule).run();
   }
   for (const RepetitionName& name : event.excluded) {
@@ -92,9 +94,12 @@ void bindEvent(Statement& statement, const EventRecord& event, std::int64_t zone
 }
 
 void readDates(CalendarDatabase& database, std::int64_t row, EventRecord& event) {
-  Statement& rules = database.prepared("SELECT rule FROM series WHERE event = ?1 ORDER BY id");
+  Statement& rules = database.prepared("SELECT rule, duration FROM series WHERE event = ?1 ORDER BY id");
   const StatementScope rulesScope(rules);
-  for (rules.bind(1, row); rules.step();) event.rules.push_back(rules.text(0));
+  for (rules.bind(1, row); rules.step();) {
+    event.rules.push_back(rules.text(0));
+    event.calendarDays = SeriesLength::fromStored(rules.integer(1)).days;
+  }
   Statement& dates =
       database.prepared("SELECT kind, value, end FROM event_date WHERE event = ?1 ORDER BY kind, value");
   const StatementScope datesScope(dates);
@@ -115,8 +120,8 @@ bool sameContent(const EventRecord& left, const EventRecord& right) {
   };
   return left.title == right.title && left.location == right.location && left.isAllDay == right.isAllDay &&
          left.isCancelled == right.isCancelled && left.start == right.start && left.end == right.end &&
-         zoneText(left) == zoneText(right) && left.rules == right.rules && left.excluded == right.excluded &&
-         left.added == right.added;
+         left.calendarDays == right.calendarDays && zoneText(left) == zoneText(right) &&
+         left.rules == right.rules && left.excluded == right.excluded && left.added == right.added;
 }
 
 std::optional<std::int64_t> insertEvent(CalendarDatabase& database, const EventRecord& event,

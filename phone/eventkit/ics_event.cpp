@@ -180,12 +180,23 @@ class IcsEventReader {
     return event.start;
   }
 
+  static std::int64_t daysIn(const icaldurationtype& duration) {
+    return static_cast<std::int64_t>(duration.weeks) * 7 + static_cast<std::int64_t>(duration.days);
+  }
+
+  /// The days of the length that count for each repetition anew. A length that is given by its end is the
+  /// same number of seconds for each.
+  std::int64_t daysOfDuration() const {
+    icalproperty* const property =
+        first(ICAL_DTEND_PROPERTY) == nullptr ? first(ICAL_DURATION_PROPERTY) : nullptr;
+    return property == nullptr ? 0 : daysIn(icalproperty_get_duration(property));
+  }
+
   /// Days and weeks are counted on the calendar, hours and less on the clock.
   static Seconds endAfter(const IcsTime& start, const icaldurationtype& duration) {
     if (duration.is_neg != 0) return start.stored();
-    const auto days = static_cast<Seconds>(duration.weeks) * 7 + static_cast<Seconds>(duration.days);
     IcsTime end = start;
-    end.wall += days * kSecondsPerDay;
+    end.wall += daysIn(duration) * kSecondsPerDay;
     return end.stored() + static_cast<Seconds>(duration.hours) * 3600 +
            static_cast<Seconds>(duration.minutes) * 60 + static_cast<Seconds>(duration.seconds);
   }
@@ -212,12 +223,12 @@ class IcsEventReader {
       return;
     }
     if (event.isCancelled) return;
-    const Seconds wallStart = event.wallStart();
+    const RuleStart start{event.wallStart(), event.isAllDay, event.zone ? *event.zone : zones_.phoneZone()};
     forEach(ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
-      const auto rule = RecurrenceRule::fromFile(icalproperty_get_rrule(property), wallStart,
-                                                 event.zone ? &*event.zone : nullptr);
+      const auto rule = RecurrenceRule::fromFile(icalproperty_get_rrule(property), start);
       if (rule) event.rules.push_back(rule->text());
     });
+    if (event.zone && !event.rules.empty()) event.calendarDays = daysOfDuration();
     forEach(ICAL_EXDATE_PROPERTY, [&](icalproperty* property) {
       event.excluded.push_back(nameOf(event, timeOf(property, "EXDATE")));
     });

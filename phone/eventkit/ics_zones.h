@@ -14,6 +14,11 @@ namespace phone {
 /// their zones for the years of their events only. Other names mean what the file defines.
 class IcsZones {
  public:
+  /// `phoneZone` is where the phone is.
+  explicit IcsZones(EventZone phoneZone) : phoneZone_(std::move(phoneZone)) {}
+
+  const EventZone& phoneZone() const { return phoneZone_; }
+
   /// Takes a VTIMEZONE of the file.
   void define(const IcsComponent& component);
 
@@ -28,6 +33,7 @@ class IcsZones {
 
   std::optional<EventZone> resolve(const std::string& name) const;
 
+  EventZone phoneZone_;
   std::map<std::string, Definition> definitions_;
   std::map<std::string, std::optional<EventZone>> resolved_;
 };

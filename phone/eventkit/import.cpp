@@ -46,7 +46,7 @@ class Importer {
  private:
   void importFile(const ImportSource& source, const std::filesystem::path& file) {
     IcsScanner scanner(file);
-    IcsZones zones;
+    IcsZones zones(options_.phoneZone);
     // Zones may be defined behind the events that use them.
     std::vector<IcsComponent> waiting;
     Target* target = nullptr;

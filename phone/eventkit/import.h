@@ -23,6 +23,8 @@ struct ImportOptions {
   /// Removes the events of the imported calendars that came from a file once and are in none now. Without it
   /// they stay, since a file may hold a part of a calendar only. Events made on the phone stay in any case.
   bool removeMissing = false;
+  /// Where the phone is: ends of series that are given as instants are read there if the event has no zone.
+  EventZone phoneZone = EventZone::utc();
   /// Called now and then, and once at the end; may be empty.
   std::function<void(const ImportProgress&)> progress = {};
 };

@@ -1,14 +1,20 @@
 #include "phone/eventkit/occurrence_candidates.h"
 
 #include <algorithm>
-#include <tuple>
 
 #include "phone/eventkit/occurrence_bucket.h"
 #include "phone/eventkit/recurrence_rule.h"
+#include "phone/eventkit/series_length.h"
 
 namespace phone {
 
 namespace {
+
+/// What all rules together may cost: some tenths of a second.
+constexpr std::int64_t kMaxSteps = 1'000'000;
+
+/// What a rule gets even then. It is enough for an ordinary one: one bad file must not hide the others.
+constexpr std::int64_t kStepsInAnyCase = 50;
 
 /// The wall times that a clock in the zone can show during the range. Clocks go back by three hours at most.
 TimeRange wallRange(const EventZone& zone, TimeRange range) {
@@ -19,36 +25,31 @@ TimeRange wallRange(const EventZone& zone, TimeRange range) {
 
 class CandidateSearch {
  public:
-  CandidateSearch(CalendarDatabase& database, TimeRange range, const EventZone& phoneZone)
-      : database_(database), range_(range), phoneRange_(wallRange(phoneZone, range)) {}
+  CandidateSearch(CalendarDatabase& database, TimeRange range, const EventZone& phoneZone,
+                  const std::function<Verdict(const OccurrenceCandidate&)>& judge)
+      : database_(database), range_(range), phoneRange_(wallRange(phoneZone, range)), judge_(judge) {}
 
-  std::vector<OccurrenceCandidate> run() {
+  CandidateOmissions run() {
     for (int length = 0; length < kBucketLengths; ++length) {
       const Seconds longest = length + 1 < kBucketLengths ? longestInBucket(length) : kEndless;
       collectListed(bucketOf(false, length), longest, range_);
       collectListed(bucketOf(true, length), longest, phoneRange_);
     }
     collectRepeating();
-    std::sort(found_.begin(), found_.end(), [](const auto& left, const auto& right) {
-      return std::tie(left.event, left.start) < std::tie(right.event, right.start);
-    });
-    // A repetition can be named twice: as the start and by the rule, by two rules, by a rule and a date.
-    const auto last = std::unique(found_.begin(), found_.end(), [](const auto& left, const auto& right) {
-      return left.event == right.event && left.start == right.start;
-    });
-    found_.erase(last, found_.end());
-    return std::move(found_);
+    return omissions_;
   }
 
  private:
   void collectListed(std::int64_t bucket, Seconds longest, TimeRange range) {
     Statement& query = database_.prepared(
-        "SELECT event, start, end FROM occurrence WHERE bucket = ?1 AND start >= ?2 AND start < ?3");
+        "SELECT event, start, end FROM occurrence WHERE bucket = ?1 AND start >= ?2 AND start < ?3 "
+        "ORDER BY start");
     const StatementScope scope(query);
     query.bind(1, bucket).bind(2, range.start - longest).bind(3, range.end);
     while (query.step()) {
       const OccurrenceCandidate candidate{query.integer(0), query.integer(1), query.integer(2)};
-      if (overlaps(range, candidate.start, candidate.end)) found_.push_back(candidate);
+      if (!overlaps(range, candidate.start, candidate.end)) continue;
+      if (judge_(candidate) == Verdict::kTooLate) return;
     }
   }
 
@@ -59,38 +60,47 @@ class CandidateSearch {
     const StatementScope scope(query);
     query.bind(1, range_.start - kSecondsPerDay).bind(2, range_.end + kSecondsPerDay);
     while (query.step()) {
-      collectSeries(query.integer(0), query.integer(1), query.integer(2), database_.zone(query.integer(3)),
-                    query.text(4));
+      collectSeries(query.integer(0), query.integer(1), SeriesLength::fromStored(query.integer(2)),
+                    database_.zone(query.integer(3)), query.text(4));
     }
   }
 
-  void collectSeries(std::int64_t event, Seconds start, Seconds duration, const EventZone* zone,
-                     const std::string& rule) {
-    // What ends just as the range starts must not count towards the limit.
-    const Seconds ahead = std::max<Seconds>(duration - 1, 0);
+  void collectSeries(std::int64_t event, Seconds start, SeriesLength length, const EventZone* zone,
+                     const std::string& text) {
+    // What ends just as the range starts is not asked for.
+    const Seconds ahead = std::max<Seconds>(length.longest() - 1, 0);
     const TimeRange wall = zone == nullptr ? TimeRange{phoneRange_.start - ahead, phoneRange_.end}
                                            : wallRange(*zone, {range_.start - ahead, range_.end});
-    starts_.clear();
-    RecurrenceRule::fromStored(rule, zone == nullptr ? start : zone->toWall(start))
-        .appendStarts(wall.start, wall.end, starts_);
-    for (const Seconds wallStart : starts_) {
+    std::size_t taken = 0;
+    bool isEnough = false;
+    const auto useStart = [&](Seconds wallStart) {
       const Seconds stored = zone == nullptr ? wallStart : zone->toInstant(wallStart);
-      found_.push_back({event, stored, stored + duration});
-    }
+      const Verdict verdict = judge_({event, stored, length.endAfter(stored, zone)});
+      if (verdict == Verdict::kTaken && ++taken == kMaxOccurrencesOfRule) ++omissions_.cutRules;
+      isEnough = verdict == Verdict::kTooLate || verdict == Verdict::kUnwantedEvent ||
+                 taken == kMaxOccurrencesOfRule;
+      return !isEnough;
+    };
+    WalkBudget share(kStepsInAnyCase);
+    const bool wasWalked =
+        RecurrenceRule::fromStored(text, zone == nullptr ? start : zone->toWall(start))
+            .forEachStart(wall.start, wall.end, budget_.isSpent() ? share : budget_, useStart);
+    if (!wasWalked && !isEnough) omissions_.isBudgetSpent = true;
   }
 
   CalendarDatabase& database_;
   TimeRange range_;
   TimeRange phoneRange_;
-  std::vector<OccurrenceCandidate> found_;
-  std::vector<Seconds> starts_;
+  const std::function<Verdict(const OccurrenceCandidate&)>& judge_;
+  WalkBudget budget_{kMaxSteps};
+  CandidateOmissions omissions_;
 };
 
 }  // namespace
 
-std::vector<OccurrenceCandidate> collectCandidates(CalendarDatabase& database, TimeRange range,
-                                                   const EventZone& phoneZone) {
-  return CandidateSearch(database, range, phoneZone).run();
+CandidateOmissions collectCandidates(CalendarDatabase& database, TimeRange range, const EventZone& phoneZone,
+                                     const std::function<Verdict(const OccurrenceCandidate&)>& judge) {
+  return CandidateSearch(database, range, phoneZone, judge).run();
 }
 
 }  // namespace phone

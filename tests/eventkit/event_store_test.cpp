@@ -1,6 +1,8 @@
 // The store's classes as a calendar app uses them: adding, finding, changing and removing events.
 #include <fstream>
 
+#include "phone/eventkit/import.h"
+#include "phone/foundation/log_sink.h"
 #include "tests/eventkit/store_fixture.h"
 
 namespace phone {
@@ -75,6 +77,23 @@ TEST_F(EventStoreTest, ASavedEventCanBeChangedAndRemoved) {
   EXPECT_EQ(events(0, at(2100, 1, 1))->count(), 0u);
   EXPECT_FALSE(remove(event)) << "it is gone";
   EXPECT_NE(calendarStoreProblem(), "");
+}
+
+TEST_F(EventStoreTest, WhatASearchLeavesOutIsLogged) {
+  const auto file = root_ / "seconds.ics";
+  std::ofstream(file)
+      << "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:1\nDTSTART:20140307T090000Z\nRRULE:FREQ=SECONDLY\n"
+         "END:VEVENT\nEND:VCALENDAR\n";
+  importCalendars(sharedDatabaseForWriting(), {file});
+  clearLog();
+  EXPECT_EQ(events(at(2014, 3, 7, 9), at(2014, 3, 7, 9, 10))->count(), 600u);
+  EXPECT_EQ(logCount(), 0u);
+  EXPECT_EQ(events(at(2014, 3, 7), at(2014, 3, 8))->count(), kMaxOccurrencesOfRule);
+  ASSERT_EQ(logCount(), 1u);
+  EXPECT_EQ(
+      logLines()[0],
+      "Calendar: 1 rule repeats more than 1000 times in the time that is searched; later occurrences are "
+      "left out");
 }
 
 TEST_F(EventStoreTest, UsingAnEventAfterItsStoreEndsTheProcessNamingTheMessage) {

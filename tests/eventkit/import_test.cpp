@@ -19,7 +19,8 @@ class ImportTest : public CoreTest {
     std::vector<std::int64_t> rows;
     for (const CalendarRecord& calendar : database().calendars()) rows.push_back(calendar.id);
     return occurrencesInRange(
-        database(), {parseTime("1900-01-01 00:00:00"), parseTime("2100-01-01 00:00:00")}, rows, utc());
+               database(), {parseTime("1900-01-01 00:00:00"), parseTime("2100-01-01 00:00:00")}, rows, utc())
+        .occurrences;
   }
   /// The titles of all occurrences, in order, each after a space.
   std::string titles() {
