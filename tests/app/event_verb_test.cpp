@@ -72,13 +72,13 @@ TEST_F(EventVerb, asksWhichOfSeveralEventsIsMeant) {
 
 TEST_F(EventVerb, saysWhenAChoiceCouldNotBeKept) {
   add("Dentist");
-  // A folder in the store's place: no write can succeed, whoever writes.
+  // A folder in the store's place: what cannot be read is not replaced, whoever writes.
   const auto store = workplace_.onPhone("var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist");
   std::filesystem::remove(store);
   std::filesystem::create_directory(store);
   const CommandResult result = workplace_.phone({"hide", "Dentist"});
   EXPECT_EQ(result.exitCode, 1);
-  EXPECT_NE(result.errors.find("could not be written"), std::string::npos) << result.errors;
+  EXPECT_EQ(result.errors, "phone hide: cannot read " + store.string() + ": Is a directory\n");
 }
 
 TEST_F(EventVerb, drawsViewAndEditor) {
