@@ -29,12 +29,21 @@ std::vector<fs::path> missingFolders(fs::path folder) {
   return missing;
 }
 
-/// Whatever is not to be removed stays; there is nobody to tell.
+/// Whatever is not to be removed stays; there is nobody to tell. To list what is in a folder takes memory, of
+/// which a moment later there may be enough.
 void removeWhole(const fs::path& entry) {
-  std::error_code error;
-  do {
-    fs::remove_all(entry, error);
-  } while (error == std::errc::interrupted);
+  constexpr int kMaxTries = 3;
+  for (int tries = 0; tries < kMaxTries; ++tries) {
+    try {
+      std::error_code error;
+      do {
+        fs::remove_all(entry, error);
+      } while (error == std::errc::interrupted);
+      return;
+    } catch (const std::bad_alloc&) {
+      continue;
+    }
+  }
 }
 
 }  // namespace
@@ -52,21 +61,19 @@ PhoneInTheMaking::PhoneInTheMaking(fs::path root) : root_(std::move(root)) {
   }
 }
 
-PhoneInTheMaking::~PhoneInTheMaking() {
-  try {
-    takeAway();
-  } catch (const std::bad_alloc&) {
-    // What stays is named by the next attempt, which finds the folder not empty.
-  }
-}
+PhoneInTheMaking::~PhoneInTheMaking() { takeAway(); }
 
 void PhoneInTheMaking::finish(const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    fs::rename(workshop_ / name, root_ / name);
+    // Noted before it is there: afterwards there might be no memory to note it in.
     moved_.push_back(root_ / name);
+    fs::rename(workshop_ / name, moved_.back());
   }
   moved_.clear();
   madeFolders_.clear();
+  // The workshop is empty now, and an empty folder goes without any memory.
+  std::error_code error;
+  if (fs::remove(workshop_, error)) workshop_.clear();
 }
 
 void PhoneInTheMaking::takeAway() {
