@@ -64,10 +64,12 @@ PhoneInTheMaking::PhoneInTheMaking(fs::path root) : root_(std::move(root)) {
 PhoneInTheMaking::~PhoneInTheMaking() { takeAway(); }
 
 void PhoneInTheMaking::finish(const std::vector<std::string>& names) {
+  // Once something is in its place, noting that takes no memory any more.
+  moved_.reserve(names.size());
   for (const std::string& name : names) {
-    // Noted before it is there: afterwards there might be no memory to note it in.
-    moved_.push_back(root_ / name);
-    fs::rename(workshop_ / name, moved_.back());
+    fs::path place = root_ / name;
+    fs::rename(workshop_ / name, place);
+    moved_.push_back(std::move(place));
   }
   moved_.clear();
   madeFolders_.clear();
