@@ -85,7 +85,7 @@ class TextsTarget : public Target {
     const std::string again = hexText(color.get());
     require(again.size() == 7 && again[0] == '#' && areDigits(again.substr(1)),
             "a colour's text is # and six digits: " + again);
-    if ((written.size() != 7 && written.size() != 9) || !areDigits(written.substr(1, 6))) return;
+    if (!isWellFormed(written)) return;
     std::string expected = "#" + written.substr(1, 6);
     std::ranges::transform(expected, expected.begin(), [](unsigned char c) { return std::toupper(c); });
     require(again == expected, "a colour text comes back as it was: " + written + " gives " + again);
@@ -94,6 +94,12 @@ class TextsTarget : public Target {
   static std::string hexText(UIColor* color) {
     return utf8(
         objc::Owned<NSString>::adopt((*pluginSymbol<NSString*(UIColor*)>("hexStringForColor"))(color)).get());
+  }
+
+  /// Any sign, six digits, and two more signs or none. In ASCII a byte is a sign; a zero ends the text.
+  static bool isWellFormed(const std::string& color) {
+    const bool isAscii = std::ranges::all_of(color, [](unsigned char c) { return c > 0 && c < 0x80; });
+    return isAscii && (color.size() == 7 || color.size() == 9) && areDigits(color.substr(1, 6));
   }
 
   static bool areDigits(const std::string& text) {
