@@ -64,6 +64,7 @@ bool isSlow(const std::vector<std::string>& arguments) {
 int run(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "phone");
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   const Capture out(std::cout);

@@ -52,7 +52,7 @@ void requirePropertyList(const std::string& content) {
 
 std::string contentOf(const fs::path& file) {
   if (file.extension() == ".sqlitedb") return withoutIdentifiers(databaseText(file));
-  const std::string bytes = bytesOf(file);
+  std::string bytes = bytesOf(file);
   if (file.extension() != ".plist") return bytes;
   requirePropertyList(bytes);
   return withoutIdentifiers(bytes);
