@@ -113,8 +113,12 @@ void run(const Arguments& arguments, const Invocation& invocation) {
     report.tap = {.row = arguments.tap, .url = launch.url, .bundleID = launch.bundleID};
   }
   if (arguments.log) report.log = logLines();
-  (arguments.json ? printJson : printText)(report, arguments.picture.text());
-  if (!arguments.json) std::cerr << "loaded in " << std::round(loadTime.count() * 10) / 10 << " ms\n";
+  if (arguments.json) {
+    printJson(report, arguments.picture.text());
+  } else {
+    printText(report, invocation.style(), arguments.picture.text());
+    std::cerr << "loaded in " << std::round(loadTime.count() * 10) / 10 << " ms\n";
+  }
 }
 
 void addLookOptions(CLI::App& verb, Arguments& arguments) {
@@ -126,7 +130,8 @@ void addLookOptions(CLI::App& verb, Arguments& arguments) {
       3);
   verb.add_option("--size", arguments.size, "The screen's size in points, WIDTHxHEIGHT")
       ->capture_default_str();
-  verb.add_option("--wallpaper", arguments.wallpaper, "A PNG or JPEG file to lie behind everything");
+  verb.add_option("--wallpaper", arguments.wallpaper, "A PNG or JPEG file to lie behind everything")
+      ->type_name("FILE");
 }
 
 void addDeedOptions(CLI::App& verb, Arguments& arguments) {

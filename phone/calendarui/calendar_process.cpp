@@ -13,6 +13,8 @@
 #include "phone/uikit/ui_switch.h"
 #include "phone/uikit/uikit.h"
 #include "platform/eventkit/ek_event.h"
+#include "platform/foundation/ns_array.h"
+#include "platform/foundation/ns_date.h"
 
 namespace phone {
 
@@ -72,7 +74,26 @@ EKEventViewController* CalendarProcess::frontView() const {
 
 EKEventViewController* CalendarProcess::openEvent(const std::string& identifier) {
   const AutoreleasePool pool;
-  auto view = makeEventViewController(findEvent(store(), identifier), store());
+  return show(findEvent(store(), identifier));
+}
+
+EKEventViewController* CalendarProcess::openOccurrence(const std::string& identifier, double start) {
+  const AutoreleasePool pool;
+  // An identifier alone means the first occurrence; a search of the moment finds the one that starts then.
+  NSArray* const found = store()->eventsMatchingPredicate(
+      store()->predicateForEvents(NSDate::dateWithTimeIntervalSinceReferenceDate(start),
+                                  NSDate::dateWithTimeIntervalSinceReferenceDate(start + 1), nullptr));
+  for (NSUInteger i = 0; i < found->count(); ++i) {
+    auto* const event = static_cast<EKEvent*>(found->objectAtIndex(i));
+    const bool isMeant = event->eventIdentifier()->UTF8String() == identifier &&
+                         event->startDate()->timeIntervalSinceReferenceDate() == start;
+    if (isMeant) return show(event);
+  }
+  return show(findEvent(store(), identifier));
+}
+
+EKEventViewController* CalendarProcess::show(EKEvent* event) {
+  auto view = makeEventViewController(event, store());
   disappear(frontView());
   views_.push_back(std::move(view));
   appear(frontView());

@@ -90,7 +90,7 @@ std::optional<IcsComponent> IcsScanner::next() {
     const std::size_t value = valueStart(line, nameEnd);
     if (name == "BEGIN" && value != std::string::npos) {
       begin(upperCase(trimmed(std::string_view(line).substr(value))));
-    } else if (!sawCalendar_) {
+    } else if (calendarsBegun_ == 0) {
       fail("this is no calendar file: it does not begin with BEGIN:VCALENDAR");
     } else if (open_.empty()) {
       fail("there is text after the end of the calendar");
@@ -102,7 +102,7 @@ std::optional<IcsComponent> IcsScanner::next() {
       takeProperty(name, value);
     }
   }
-  if (!sawCalendar_) throw IcsError(reader_.file(), 0, "the file is empty");
+  if (calendarsBegun_ == 0) throw IcsError(reader_.file(), 0, "the file is empty");
   if (!open_.empty()) {
     fail("the file ends before the END of " + open_.back().name + ", which begins in line " +
          std::to_string(open_.back().line));
@@ -113,7 +113,8 @@ std::optional<IcsComponent> IcsScanner::next() {
 void IcsScanner::begin(std::string name) {
   if (open_.empty()) {
     if (name != "VCALENDAR") fail("this is no calendar file: it does not begin with BEGIN:VCALENDAR");
-    sawCalendar_ = true;
+    ++calendarsBegun_;
+    hasName_ = hasColor_ = false;
   } else if (open_.size() == 1 && (name == "VEVENT" || name == "VTIMEZONE")) {
     current_ = {.kind = name == "VEVENT" ? IcsComponent::Kind::kEvent : IcsComponent::Kind::kZone,
                 .text = "BEGIN:" + name + "\r\n",
@@ -125,13 +126,17 @@ void IcsScanner::begin(std::string name) {
   open_.push_back({std::move(name), reader_.number()});
 }
 
-/// True when the component that is being kept is complete.
+/// True when the component that is being kept, or a calendar, is complete.
 bool IcsScanner::end(const std::string& name) {
   if (name != open_.back().name) {
     fail("END:" + name + " comes before the END of " + open_.back().name + ", which begins in line " +
          std::to_string(open_.back().line));
   }
   open_.pop_back();
+  if (open_.empty()) {
+    current_ = {.kind = IcsComponent::Kind::kEnd, .line = reader_.number()};
+    return true;
+  }
   if (!keeping_) return false;
   const bool isZone = current_.kind == IcsComponent::Kind::kZone;
   if (open_.size() == 1 || (isZone && open_.size() == 2)) current_.text += "END:" + name + "\r\n";
@@ -161,9 +166,16 @@ void IcsScanner::takeProperty(std::string_view name, std::size_t valueStart) {
 }
 
 void IcsScanner::takeCalendarProperty(std::string_view name, std::string_view value) {
-  if (name == "X-WR-CALNAME" || (name == "NAME" && name_.empty()))
+  if (name == "X-WR-CALNAME" || (name == "NAME" && !hasName_)) {
     name_ = toUtf8(unescapedText(trimmed(value)));
-  if (name == "X-APPLE-CALENDAR-COLOR" || (name == "COLOR" && color_.empty())) color_ = value;
+    hasName_ = true;
+    // The colour of an earlier calendar is not that of one with a name of its own.
+    if (!hasColor_) color_.clear();
+  }
+  if (name == "X-APPLE-CALENDAR-COLOR" || (name == "COLOR" && !hasColor_)) {
+    color_ = value;
+    hasColor_ = true;
+  }
 }
 
 bool IcsScanner::takeEventText(std::string_view name, std::string_view value) {

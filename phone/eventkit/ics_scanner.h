@@ -12,7 +12,11 @@
 namespace phone {
 
 struct IcsComponent {
-  enum class Kind { kEvent, kZone };
+  enum class Kind {
+    kEvent,
+    kZone,
+    kEnd  ///< of a calendar; without content
+  };
 
   Kind kind = Kind::kEvent;
   /// From BEGIN to END, in UTF-8, lines unfolded: a zone as a whole, of an event what says when it takes
@@ -35,11 +39,14 @@ class IcsScanner {
  public:
   explicit IcsScanner(const std::filesystem::path& file) : reader_(file) {}
 
-  /// Goes to the next event or time zone; none at the end. Throws IcsError when the file is no calendar, or
-  /// is broken.
+  /// Goes to the next event, time zone or end of a calendar; none at the end of the file. Throws IcsError
+  /// when the file is no calendar, or is broken.
   std::optional<IcsComponent> next();
 
-  /// What the calendar says of itself before its first event or zone; empty if nothing. Known after next().
+  /// How many calendars of the file have begun: most files hold one, an export of several holds them all.
+  std::size_t calendarsBegun() const { return calendarsBegun_; }
+  /// What the calendar says of itself before its first event or zone; if nothing, what an earlier one of the
+  /// file said; empty if none did. Known after next().
   const std::string& calendarName() const { return name_; }
   const std::string& calendarColor() const { return color_; }
 
@@ -63,9 +70,12 @@ class IcsScanner {
   std::vector<OpenComponent> open_;
   IcsComponent current_;
   bool keeping_ = false;
-  bool sawCalendar_ = false;
+  std::size_t calendarsBegun_ = 0;
   std::string name_;
   std::string color_;
+  // Whether the present calendar itself said so.
+  bool hasName_ = false;
+  bool hasColor_ = false;
 };
 
 }  // namespace phone

@@ -10,4 +10,15 @@ namespace phone {
 /// (libical's own function of this kind leaves line breaks out.)
 std::string unescapedText(std::string_view value);
 
+/// The value that stands for a text: unescapedText() gives the text back, except for carriage returns, which
+/// no line of a file can hold.
+std::string escapedText(std::string_view text);
+
+/// The line with its end, folded as the format wants it.
+std::string foldedLine(std::string_view line);
+
+/// The line of a text property, folded. (libical escapes more than the format does, and so more than others
+/// read.)
+std::string textLine(std::string_view name, std::string_view text);
+
 }  // namespace phone

@@ -47,26 +47,35 @@ class Importer {
   void importFile(const ImportSource& source, const std::filesystem::path& file) {
     IcsScanner scanner(file);
     IcsZones zones(options_.phoneZone);
+    struct WaitingEvent {
+      IcsComponent component;
+      Target* target;
+    };
     // Zones may be defined behind the events that use them.
-    std::vector<IcsComponent> waiting;
+    std::vector<WaitingEvent> waiting;
     Target* target = nullptr;
+    std::size_t calendar = 0;
     while (auto component = scanner.next()) {
-      if (target == nullptr) target = &targetFor(source, scanner);
+      if (calendar != scanner.calendarsBegun()) {
+        target = &targetFor(source, scanner);
+        calendar = scanner.calendarsBegun();
+      }
       if (component->kind == IcsComponent::Kind::kZone) {
         zones.define(*component);
         continue;
       }
+      // It had a name, and perhaps nothing else.
+      if (component->kind == IcsComponent::Kind::kEnd) continue;
       const IcsEvent event = readIcsEvent(file, *component, zones);
       if (event.unknownZone.empty()) {
         merge(*target, event.record);
       } else {
-        waiting.push_back(std::move(*component));
+        waiting.push_back({std::move(*component), target});
       }
       if (events_ % kEventsBetweenReports == 0) report(file, bytesBefore_ + scanner.bytesRead());
     }
-    if (target == nullptr) target = &targetFor(source, scanner);
     std::set<std::string> unknown;
-    for (const IcsComponent& component : waiting) {
+    for (const auto& [component, itsTarget] : waiting) {
       const IcsEvent event = readIcsEvent(file, component, zones);
       if (!event.unknownZone.empty() && unknown.insert(event.unknownZone).second) {
         result_.warnings.push_back(
@@ -76,7 +85,7 @@ class Importer {
                     "\" is neither known nor defined in the file; its times are taken as the phone's own")
                 .what());
       }
-      merge(*target, event.record);
+      merge(*itsTarget, event.record);
     }
     bytesBefore_ += scanner.bytesRead();
     if (bytesBefore_ >= bytesTotal_) report(file, bytesTotal_);
