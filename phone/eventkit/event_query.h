@@ -33,7 +33,7 @@ struct EventOccurrence {
 /// A search gives at most so many occurrences, the earliest, and stops when their titles and locations take
 /// so many bytes: there are files with a rule for every second, and with titles of a megabyte.
 inline constexpr std::size_t kMaxOccurrences = 5000;
-inline constexpr std::size_t kMaxTextSize = 4'000'000;
+inline constexpr std::size_t kMaxTextSize = 2'000'000;
 
 struct FoundOccurrences {
   /// By start, then title.

@@ -1,6 +1,7 @@
 #include "phone/eventkit/occurrence_candidates.h"
 
 #include <algorithm>
+#include <set>
 
 #include "phone/eventkit/occurrence_bucket.h"
 #include "phone/eventkit/recurrence_rule.h"
@@ -15,6 +16,10 @@ constexpr std::int64_t kMaxSteps = 1'000'000;
 
 /// What a rule gets even then. It is enough for an ordinary one: one bad file must not hide the others.
 constexpr std::int64_t kStepsInAnyCase = 50;
+
+/// Finding out when the clocks of a zone change that a file defines takes milliseconds; of so many zones at
+/// most.
+constexpr std::size_t kMaxDefinedZones = 100;
 
 /// The wall times that a clock in the zone can show during the range. Clocks go back by three hours at most.
 TimeRange wallRange(const EventZone& zone, TimeRange range) {
@@ -60,9 +65,21 @@ class CandidateSearch {
     const StatementScope scope(query);
     query.bind(1, range_.start - kSecondsPerDay).bind(2, range_.end + kSecondsPerDay);
     while (query.step()) {
-      collectSeries(query.integer(0), query.integer(1), SeriesLength::fromStored(query.integer(2)),
-                    database_.zone(query.integer(3)), query.text(4));
+      const EventZone* const zone = database_.zone(query.integer(3));
+      if (!mayUse(zone)) continue;
+      collectSeries(query.integer(0), query.integer(1), SeriesLength::fromStored(query.integer(2)), zone,
+                    query.text(4));
     }
+  }
+
+  bool mayUse(const EventZone* zone) {
+    if (zone == nullptr || zone->definition().empty() || definedZones_.contains(zone)) return true;
+    if (definedZones_.size() == kMaxDefinedZones) {
+      omissions_.isBudgetSpent = true;
+      return false;
+    }
+    definedZones_.insert(zone);
+    return true;
   }
 
   void collectSeries(std::int64_t event, Seconds start, SeriesLength length, const EventZone* zone,
@@ -93,6 +110,7 @@ class CandidateSearch {
   TimeRange phoneRange_;
   const std::function<Verdict(const OccurrenceCandidate&)>& judge_;
   WalkBudget budget_{kMaxSteps};
+  std::set<const EventZone*> definedZones_;
   CandidateOmissions omissions_;
 };
 
