@@ -104,6 +104,18 @@ TEST_F(ViewsTogether, FreedWithoutDisappearingIsNotOnScreen) {
   EXPECT_EQ(flipWrites(), "a://");
   for (int i = 0; i < 50; ++i) RecordingCalendar::appear(open("more://?o=1").get());
   EXPECT_EQ(flipWrites(), "a://");
+  // A view that is not on screen yet may lie where a freed one lay.
+  const auto event = phone_.event("early://?o=1");
+  auto freed = phone_.view(event.get());
+  RecordingCalendar::appear(freed.get());
+  const auto* const place = freed.get();
+  freed = {};
+  std::vector<objc::Owned<EKEventViewController>> early;
+  do {
+    early.push_back(phone_.view(event.get()));
+    ownItem(early.back().get());
+  } while (early.back().get() != place && early.size() < 100);
+  EXPECT_EQ(flipWrites(), "a://");
   // More than any host shows at once, all alive: the oldest are forgotten, and the last one stays in use.
   std::vector<objc::Owned<EKEventViewController>> many;
   for (int i = 0; i < 50; ++i) {
