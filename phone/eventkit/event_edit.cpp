@@ -15,6 +15,14 @@ Seconds localMidnight(const EditContext& context, Seconds instant) {
   return dayOf(context.phoneZone.toWall(instant)) * kSecondsPerDay;
 }
 
+void refuseTimesOutside(const EventRecord& event) {
+  // An event of whole days ends with the midnight after its last one.
+  const Seconds end = event.toWall(event.end) - (event.isAllDay ? 1 : 0);
+  if (event.wallStart() >= kFirstWallTime && end <= kLastWallTime) return;
+  throw DatabaseError("the event would lie outside the years " + std::to_string(kFirstYear) + " to " +
+                      std::to_string(kLastYear) + ", which are all that the calendar has");
+}
+
 /// Takes over what the draft says. A timed event keeps its zone; one that has none gets the phone's.
 void applyDraft(const EditContext& context, const EventDraft& draft, EventRecord& event) {
   event.calendar = draft.calendar;
@@ -32,6 +40,7 @@ void applyDraft(const EditContext& context, const EventDraft& draft, EventRecord
     event.end = event.start + std::max<Seconds>(draft.end - draft.start, 0);
   }
   event.isAllDay = draft.isAllDay;
+  refuseTimesOutside(event);
   event.revision += 1;
   event.modified = context.now;
 }

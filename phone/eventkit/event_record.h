@@ -66,7 +66,11 @@ struct EventRecord {
 
   bool repeats() const { return !rules.empty() || !added.empty() || !excluded.empty(); }
   Seconds duration() const { return end - start; }
-  Seconds wallStart() const { return zone ? zone->toWall(start) : start; }
+  Seconds wallStart() const { return toWall(start); }
+
+  /// From a time as this event counts to a wall time where it takes place, and back.
+  Seconds toWall(Seconds stored) const { return zone ? zone->toWall(stored) : stored; }
+  Seconds toStored(Seconds wall) const { return zone ? zone->toInstant(wall) : wall; }
 };
 
 /// True when both say the same, leaving versions and origin aside.

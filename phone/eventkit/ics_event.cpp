@@ -168,6 +168,13 @@ class IcsEventReader {
       const Seconds days = std::max<Seconds>((event.duration() + kSecondsPerDay - 1) / kSecondsPerDay, 1);
       event.end = event.start + days * kSecondsPerDay;
     }
+    event.end = cutOff(event, event.start, event.end);
+  }
+
+  /// The end of an event that may be said to last longer than there is time.
+  static Seconds cutOff(const EventRecord& event, Seconds start, Seconds end) {
+    const Seconds last = event.toStored(kLastWallTime + (event.isAllDay ? 1 : 0));
+    return std::max(std::min(end, last), start);
   }
 
   Seconds readEnd(const EventRecord& event, const IcsTime& start) {
@@ -255,7 +262,7 @@ class IcsEventReader {
                             ? endAfter(start, value.period.duration)
                             : storedAs(event, timeFrom(property, value.period.end, "RDATE"));
     const Seconds stored = storedAs(event, start);
-    event.added.push_back({stored, std::max(end, stored)});
+    event.added.push_back({stored, cutOff(event, stored, end)});
   }
 
   const std::filesystem::path& file_;
