@@ -74,6 +74,7 @@ class Importer {
       }
       if (events_ % kEventsBetweenReports == 0) report(file, bytesBefore_ + scanner.bytesRead());
     }
+    zones.endDefinitions();
     std::set<std::string> unknown;
     for (const auto& [component, itsTarget] : waiting) {
       const IcsEvent event = readIcsEvent(file, component, zones);
