@@ -51,6 +51,10 @@ void moveRepetitions(EventRecord& series, const EventRecord& before) {
     date.start = series.toStored(before.toWall(date.start) + shift);
     date.end = date.start + series.duration();
   }
+  for (ExceptionRule& exception : series.exceptionRules) {
+    exception.rule = RecurrenceRule::fromStored(exception.rule, exception.wallStart).shifted(shift).text();
+    exception.wallStart += shift;
+  }
 }
 
 void moveReplacements(CalendarDatabase& database, const EventRecord& from, const EventRecord& to,
@@ -59,7 +63,7 @@ void moveReplacements(CalendarDatabase& database, const EventRecord& from, const
   for (const std::int64_t row : replacingEvents(database, from.calendar, from.uid)) {
     EventRecord replacement = readEvent(database, row);
     if (storedStartOf(from, *replacement.replaces) < storedSince) continue;
-    replacement.replaces = renamed(*replacement.replaces, from, to);
+    replacement.replaces = {renamed(*replacement.replaces, from, to), replacement.replaces->andLater};
     replacement.calendar = to.calendar;
     replacement.uid = to.uid;
     // All leave their places before the first takes a new one, which may have been another's.
