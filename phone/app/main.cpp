@@ -1,10 +1,11 @@
 // The `phone` command: makes, fills, sets up and looks at a stand-in phone. This file parses and turns errors
-// into exit codes: 0 done, 1 could not do it, 2 wrong use.
+// into exit codes: 0 done, 1 could not do it, 2 wrong use, 3 done in part.
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <iostream>
 #include <new>
 
+#include "phone/app/done_in_part.h"
 #include "phone/app/printable.h"
 #include "phone/app/process_start.h"
 #include "phone/app/refusal.h"
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int kCouldNotDoIt = 1;
 constexpr int kWrongUse = 2;
+constexpr int kDoneInPart = 3;
 
 int refuse(const CLI::App& command, const std::string& reason) {
   const std::string words = spokenSoFar(command);
@@ -42,7 +44,8 @@ int run(int argc, char** argv) {
   command.footer(
       "Example:\n  phone create\n  phone import ~/calendars/work.ics\n  phone settings set displayLocation "
       "on\n"
-      "  phone lockscreen\n\nExit codes: 0 done, 1 could not do it, 2 wrong use.");
+      "  phone lockscreen\n\nExit codes: 0 done, 1 could not do it, 2 wrong use, 3 done in part (import "
+      "--skip-broken).");
   command.set_version_flag("--version", std::string("phone (Tavimo) ") + kVersion,
                            "Print the version and exit");
   command.require_subcommand(1);
@@ -67,6 +70,8 @@ int run(int argc, char** argv) {
     return refuse(command, reasonOf(command, error));
   } catch (const WrongUse& error) {
     return refuse(command, error.what());
+  } catch (const DoneInPart&) {
+    return kDoneInPart;
   } catch (const std::exception& error) {
     std::cerr << spokenSoFar(command) << ": " << printableLines(describeError(error)) << "\n";
     return kCouldNotDoIt;

@@ -6,11 +6,16 @@
 #include <tuple>
 #include <unordered_map>
 
+#include "phone/eventkit/event_table.h"
 #include "phone/eventkit/identifiers.h"
+#include "phone/eventkit/repetition_exceptions.h"
 
 namespace phone {
 
 namespace {
+
+/// What all rules that leave repetitions out may cost together: some tenths of a second.
+constexpr std::int64_t kMaxExceptionSteps = 200'000;
 
 /// The event's row as an occurrence, its times still to be set by placeAt(); none if the row is gone.
 std::optional<EventOccurrence> readRow(CalendarDatabase& database, std::int64_t row, const EventZone*& zone) {
@@ -21,9 +26,7 @@ std::optional<EventOccurrence> readRow(CalendarDatabase& database, std::int64_t 
   const StatementScope scope(query);
   if (!query.bind(1, row).step()) return std::nullopt;
   EventOccurrence event{.event = row, .calendar = query.integer(0), .uid = query.text(1)};
-  if (query.integer(2) != 0) {
-    event.replaces = {static_cast<RepetitionKind>(query.integer(2)), query.integer(3)};
-  }
+  event.replaces = replacedRepetition(query.integer(2), query.integer(3));
   event.title = query.text(4);
   if (!query.isNull(5)) event.location = query.text(5);
   event.isAllDay = query.integer(6) != 0;
@@ -43,41 +46,17 @@ void placeAt(EventOccurrence& event, Seconds storedStart, Seconds storedEnd, con
   if (event.isAllDay) event.end = phoneZone.toInstant(storedEnd - 1);
 }
 
-/// The repetitions that are left out of a series: by name, or because another event stands in for them.
-class LeftOut {
- public:
-  LeftOut() = default;
-  LeftOut(CalendarDatabase& database, const EventOccurrence& event) {
-    Statement& named =
-        database.prepared("SELECT kind, value FROM event_date WHERE event = ?1 AND kind IN (1, 2, 3)");
-    add(named.bind(1, event.event));
-    Statement& replaced = database.prepared(
-        "SELECT replaces_kind, replaces_value FROM event WHERE calendar = ?1 AND uid = ?2 AND "
-        "replaces_kind IN (1, 2, 3)");
-    add(replaced.bind(1, event.calendar).bind(2, event.uid));
-    std::sort(names_.begin(), names_.end());
-  }
-
-  bool contain(Seconds storedStart, const EventZone* zone) const {
-    if (names_.empty()) return false;
-    const Seconds wall = zone == nullptr ? storedStart : zone->toWall(storedStart);
-    // An event without a zone has no instant of its own; its wall time serves for both.
-    return isNamed({RepetitionKind::kInstant, storedStart}) || isNamed({RepetitionKind::kWallTime, wall}) ||
-           isNamed({RepetitionKind::kDay, dayOf(wall) * kSecondsPerDay});
-  }
-
- private:
-  void add(Statement& query) {
-    const StatementScope scope(query);
-    while (query.step()) names_.push_back({static_cast<RepetitionKind>(query.integer(0)), query.integer(1)});
-  }
-
-  bool isNamed(const RepetitionName& name) const {
-    return std::binary_search(names_.begin(), names_.end(), name);
-  }
-
-  std::vector<RepetitionName> names_;
-};
+/// The series whose repetition the event changes along with all later ones, and where it has that repetition.
+void findSeries(CalendarDatabase& database, EventOccurrence& event) {
+  Statement& query = database.prepared(
+      "SELECT id, zone FROM event WHERE calendar = ?1 AND uid = ?2 AND replaces_kind = 0 AND repeats = 1");
+  const StatementScope scope(query);
+  if (!query.bind(1, event.calendar).bind(2, event.uid).step()) return;
+  const EventZone* const zone = database.zone(query.integer(1));
+  const bool isWallTime = event.replaces->kind != RepetitionKind::kInstant && zone != nullptr;
+  event.series = query.integer(0);
+  event.repetition = isWallTime ? zone->toInstant(event.replaces->value) : event.replaces->value;
+}
 
 /// A search: judges what the indexes and rules propose, and keeps the earliest.
 class Search {
@@ -96,7 +75,7 @@ class Search {
                std::to_string(kMaxOccurrencesOfRule) +
                " times in the time that is searched; later occurrences are left out");
     }
-    if (omitted.isBudgetSpent) {
+    if (omitted.isBudgetSpent || exceptionBudget_.isSpent()) {
       leaveOut("the rules of some events take too long to follow; some of their occurrences are left out");
     }
     if (isFull_) {
@@ -111,7 +90,6 @@ class Search {
   struct KnownEvent {
     std::optional<EventOccurrence> event;
     const EventZone* zone = nullptr;
-    LeftOut leftOut;
   };
 
   struct Kept {
@@ -119,6 +97,8 @@ class Search {
     std::int64_t event;
     Seconds storedStart;
     Seconds storedEnd;
+    std::int64_t series;
+    Seconds repetition;
 
     /// The same repetition can be named twice: as the start and by the rule, by two rules, by a rule and a
     /// date.
@@ -135,10 +115,23 @@ class Search {
     if (!known.event) return known;
     if (std::find(calendars_.begin(), calendars_.end(), known.event->calendar) == calendars_.end()) {
       known.event.reset();
-    } else if (known.event->repeats) {
-      known.leftOut = LeftOut(database_, *known.event);
     }
     return known;
+  }
+
+  RepetitionExceptions& exceptionsOf(std::int64_t series) {
+    return exceptions_.try_emplace(series, database_, series).first->second;
+  }
+
+  /// Whether the candidate does not take place as the series has it.
+  bool isLeftOut(const EventOccurrence& event, const OccurrenceCandidate& candidate) {
+    if (candidate.series != 0) {
+      return exceptionsOf(candidate.series).leaveOut(candidate.repetition, exceptionBudget_);
+    }
+    if (!event.repeats) return false;
+    const RepetitionExceptions& exceptions = exceptionsOf(candidate.event);
+    return exceptions.isChangedAlong(candidate.start) ||
+           exceptions.leaveOut(candidate.start, exceptionBudget_);
   }
 
   Verdict judge(const OccurrenceCandidate& candidate) {
@@ -153,8 +146,9 @@ class Search {
       isFull_ = true;
       return Verdict::kTooLate;
     }
-    if (of.leftOut.contain(candidate.start, of.zone)) return Verdict::kPassedOver;
-    kept_.insert({event.start, candidate.event, candidate.start, candidate.end});
+    if (isLeftOut(event, candidate)) return Verdict::kPassedOver;
+    kept_.insert({event.start, candidate.event, candidate.start, candidate.end, candidate.series,
+                  candidate.repetition});
     if (kept_.size() > kMaxOccurrences) {
       kept_.erase(std::prev(kept_.end()));
       isFull_ = true;
@@ -173,6 +167,8 @@ class Search {
                  " on are left out");
         break;
       }
+      of.event->series = kept.series;
+      of.event->repetition = kept.repetition;
       found_.occurrences.push_back(*of.event);
     }
     std::sort(found_.occurrences.begin(), found_.occurrences.end(),
@@ -195,6 +191,8 @@ class Search {
   const std::vector<std::int64_t>& calendars_;
   const EventZone& phoneZone_;
   std::unordered_map<std::int64_t, KnownEvent> events_;
+  std::unordered_map<std::int64_t, RepetitionExceptions> exceptions_;
+  WalkBudget exceptionBudget_{kMaxExceptionSteps};
   std::set<Kept> kept_;
   bool isFull_ = false;
   FoundOccurrences found_;
@@ -212,6 +210,7 @@ EventOccurrence firstOccurrence(CalendarDatabase& database, std::int64_t row, co
   const EventZone* zone = nullptr;
   auto event = readRow(database, row, zone);
   if (!event) throw DatabaseError("the event is not in the calendar database any more");
+  if (event->replaces && event->replaces->andLater) findSeries(database, *event);
   placeAt(*event, event->start, event->end, zone, phoneZone);
   return *event;
 }
@@ -225,12 +224,13 @@ std::optional<EventOccurrence> findByIdentifier(CalendarDatabase& database, cons
   // The identifier does not say how the replaced repetition was named, only its seconds.
   Statement& query = database.prepared(
       "SELECT id FROM event WHERE calendar = ?1 AND uid = ?2 AND (replaces_kind > 0) = ?3 AND "
-      "replaces_value = ?4 AND cancelled = 0");
+      "(replaces_kind > 3) = ?4 AND replaces_value = ?5 AND cancelled = 0");
   std::int64_t row = 0;
   {
     const StatementScope scope(query);
     query.bind(1, calendar->id).bind(2, name->uid).bind(3, name->replaced ? 1 : 0);
-    if (!query.bind(4, name->replaced.value_or(0)).step()) return std::nullopt;
+    query.bind(4, name->andLater ? 1 : 0).bind(5, name->replaced.value_or(0));
+    if (!query.step()) return std::nullopt;
     row = query.integer(0);
   }
   return firstOccurrence(database, row, phoneZone);

@@ -17,7 +17,7 @@ struct EventOccurrence {
   std::int64_t event = 0;
   std::int64_t calendar = 0;
   std::string uid = {};
-  std::optional<RepetitionName> replaces = std::nullopt;
+  std::optional<ReplacedRepetition> replaces = std::nullopt;
   std::string title = {};
   std::optional<std::string> location = std::nullopt;
   bool isAllDay = false;
@@ -28,6 +28,10 @@ struct EventOccurrence {
   Seconds end = 0;
   /// The start as the database counts: of an event without a zone, a wall time.
   Seconds storedStart = 0;
+  /// Of an event that changes all later repetitions of a series: the row of the series, and when the
+  /// repetition that this is about would start, as the series counts. Else 0.
+  std::int64_t series = 0;
+  Seconds repetition = 0;
 };
 
 /// A search gives at most so many occurrences, the earliest, and stops when their titles and locations take

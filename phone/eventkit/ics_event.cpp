@@ -15,8 +15,8 @@ namespace phone {
 
 namespace {
 
-constexpr std::string_view kTimingProperties[] = {"DTSTART", "DTEND",  "DURATION",     "RRULE",
-                                                  "RDATE",   "EXDATE", "RECURRENCE-ID"};
+constexpr std::string_view kTimingProperties[] = {"DTSTART", "DTEND", "DURATION", "RRULE",
+                                                  "EXRULE",  "RDATE", "EXDATE",   "RECURRENCE-ID"};
 
 /// A time of the file before it is known how the event counts: a wall time, and the zone that it is of.
 struct IcsTime {
@@ -168,6 +168,13 @@ class IcsEventReader {
       const Seconds days = std::max<Seconds>((event.duration() + kSecondsPerDay - 1) / kSecondsPerDay, 1);
       event.end = event.start + days * kSecondsPerDay;
     }
+    event.end = cutOff(event, event.start, event.end);
+  }
+
+  /// The end of an event that may be said to last longer than there is time.
+  static Seconds cutOff(const EventRecord& event, Seconds start, Seconds end) {
+    const Seconds last = event.toStored(kLastWallTime + (event.isAllDay ? 1 : 0));
+    return std::max(std::min(end, last), start);
   }
 
   Seconds readEnd(const EventRecord& event, const IcsTime& start) {
@@ -216,9 +223,28 @@ class IcsEventReader {
     return {RepetitionKind::kInstant, time.stored()};
   }
 
+  bool reachesLater(icalproperty* property) {
+    icalparameter* const range = icalproperty_get_first_parameter(property, ICAL_RANGE_PARAMETER);
+    if (range == nullptr) return false;
+    if (icalparameter_get_range(range) == ICAL_RANGE_THISANDPRIOR) {
+      event_.leftOut.countInEvent(IcsLeftOut::kChangeOfEarlier);
+    }
+    return icalparameter_get_range(range) == ICAL_RANGE_THISANDFUTURE;
+  }
+
+  static bool isForeign(const icalrecurrencetype& rule) {
+    return rule.rscale != nullptr && std::string_view(rule.rscale) != "GREGORIAN";
+  }
+
+  template <typename Value>
+  static void sortOnce(std::vector<Value>& values) {
+    std::sort(values.begin(), values.end());
+    values.erase(std::unique(values.begin(), values.end()), values.end());
+  }
+
   void readRepetitions(EventRecord& event) {
     if (icalproperty* const property = first(ICAL_RECURRENCEID_PROPERTY)) {
-      event.replaces = nameOf(event, timeOf(property, "RECURRENCE-ID"));
+      event.replaces = {nameOf(event, timeOf(property, "RECURRENCE-ID")), reachesLater(property)};
       // It stands for one repetition; rules that some programs leave in it are the series's.
       return;
     }
@@ -226,7 +252,15 @@ class IcsEventReader {
     const RuleStart start{event.wallStart(), event.isAllDay, event.zone ? *event.zone : zones_.phoneZone()};
     forEach(ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
       const auto rule = RecurrenceRule::fromFile(icalproperty_get_rrule(property), start);
-      if (rule) event.rules.push_back(rule->text());
+      if (rule) {
+        event.rules.push_back(rule->text());
+      } else if (isForeign(icalproperty_get_rrule(property))) {
+        event_.leftOut.countInEvent(IcsLeftOut::kForeignRule);
+      }
+    });
+    forEach(ICAL_EXRULE_PROPERTY, [&](icalproperty* property) {
+      const auto rule = RecurrenceRule::fromFile(icalproperty_get_exrule(property), start);
+      if (rule) event.exceptionRules.push_back({start.wall, rule->text()});
     });
     if (event.zone && !event.rules.empty()) event.calendarDays = daysOfDuration();
     forEach(ICAL_EXDATE_PROPERTY, [&](icalproperty* property) {
@@ -234,8 +268,8 @@ class IcsEventReader {
     });
     forEach(ICAL_RDATE_PROPERTY, [&](icalproperty* property) { addDate(event, property); });
     // The database gives them back in order and once.
-    std::sort(event.excluded.begin(), event.excluded.end());
-    event.excluded.erase(std::unique(event.excluded.begin(), event.excluded.end()), event.excluded.end());
+    sortOnce(event.excluded);
+    sortOnce(event.exceptionRules);
     std::sort(event.added.begin(), event.added.end());
     const auto sameStart = [](const AddedDate& left, const AddedDate& right) {
       return left.start == right.start;
@@ -255,7 +289,7 @@ class IcsEventReader {
                             ? endAfter(start, value.period.duration)
                             : storedAs(event, timeFrom(property, value.period.end, "RDATE"));
     const Seconds stored = storedAs(event, start);
-    event.added.push_back({stored, std::max(end, stored)});
+    event.added.push_back({stored, cutOff(event, stored, end)});
   }
 
   const std::filesystem::path& file_;

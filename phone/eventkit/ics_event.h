@@ -15,6 +15,8 @@ struct IcsEvent {
   /// The name of a zone that neither the system nor the file knows so far; empty if there is none. The times
   /// that use it are read as wall times.
   std::string unknownZone;
+  /// What is left out of its repetitions.
+  IcsLeftOut leftOut;
 };
 
 /// Throws IcsError when the event has no start, or when a time, a duration or a rule cannot be read: an event

@@ -41,6 +41,7 @@ class CandidateSearch {
       collectListed(bucketOf(true, length), longest, phoneRange_);
     }
     collectRepeating();
+    collectTails();
     return omissions_;
   }
 
@@ -84,15 +85,59 @@ class CandidateSearch {
 
   void collectSeries(std::int64_t event, Seconds start, SeriesLength length, const EventZone* zone,
                      const std::string& text) {
-    // What ends just as the range starts is not asked for.
+    const TimeRange wall = wallRangeOf(zone, length);
+    follow(text, zone == nullptr ? start : zone->toWall(start), wall, [&](Seconds wallStart) {
+      const Seconds stored = zone == nullptr ? wallStart : zone->toInstant(wallStart);
+      return judge_({event, stored, length.endAfter(stored, zone)});
+    });
+  }
+
+  void collectTails() {
+    Statement& query = database_.prepared(
+        "SELECT event, zone, duration, base, base_zone, base_wall_start, rule, first, last, shift FROM tail "
+        "WHERE last_end >= ?1 AND start < ?2");
+    const StatementScope scope(query);
+    query.bind(1, range_.start - kSecondsPerDay).bind(2, range_.end + kSecondsPerDay);
+    while (query.step()) collectTail(query);
+  }
+
+  void collectTail(Statement& tail) {
+    const std::int64_t event = tail.integer(0);
+    const EventZone* const zone = database_.zone(tail.integer(1));
+    const Seconds duration = tail.integer(2);
+    const std::int64_t series = tail.integer(3);
+    const EventZone* const seriesZone = database_.zone(tail.integer(4));
+    const Seconds shift = tail.integer(9);
+    const auto propose = [&](Seconds wallStart) {
+      const Seconds stored = zone == nullptr ? wallStart + shift : zone->toInstant(wallStart + shift);
+      const Seconds repetition = seriesZone == nullptr ? wallStart : seriesZone->toInstant(wallStart);
+      return judge_({event, stored, stored + duration, series, repetition});
+    };
+    const TimeRange wall = wallRangeOf(zone, {0, duration});
+    const TimeRange asked{std::max(wall.start - shift, tail.integer(7)),
+                          std::min(wall.end - shift, tail.integer(8))};
+    if (const std::string rule = tail.text(6); !rule.empty()) {
+      follow(rule, tail.integer(5), asked, propose);
+    } else if (asked.start <= asked.end) {
+      propose(asked.start);
+    }
+  }
+
+  /// The wall times at which an occurrence of that length may start. What ends just as the range starts is
+  /// not asked for.
+  TimeRange wallRangeOf(const EventZone* zone, SeriesLength length) const {
     const Seconds ahead = std::max<Seconds>(length.longest() - 1, 0);
-    const TimeRange wall = zone == nullptr ? TimeRange{phoneRange_.start - ahead, phoneRange_.end}
-                                           : wallRange(*zone, {range_.start - ahead, range_.end});
+    return zone == nullptr ? TimeRange{phoneRange_.start - ahead, phoneRange_.end}
+                           : wallRange(*zone, {range_.start - ahead, range_.end});
+  }
+
+  /// Proposes the starts of a rule within the wall times until there are enough.
+  template <typename Propose>
+  void follow(const std::string& text, Seconds wallStart, TimeRange wall, Propose propose) {
     std::size_t taken = 0;
     bool isEnough = false;
-    const auto useStart = [&](Seconds wallStart) {
-      const Seconds stored = zone == nullptr ? wallStart : zone->toInstant(wallStart);
-      const Verdict verdict = judge_({event, stored, length.endAfter(stored, zone)});
+    const auto useStart = [&](Seconds start) {
+      const Verdict verdict = propose(start);
       if (verdict == Verdict::kTaken && ++taken == kMaxOccurrencesOfRule) ++omissions_.cutRules;
       isEnough = verdict == Verdict::kTooLate || verdict == Verdict::kUnwantedEvent ||
                  taken == kMaxOccurrencesOfRule;
@@ -100,7 +145,7 @@ class CandidateSearch {
     };
     WalkBudget share(kStepsInAnyCase);
     const bool wasWalked =
-        RecurrenceRule::fromStored(text, zone == nullptr ? start : zone->toWall(start))
+        RecurrenceRule::fromStored(text, wallStart)
             .forEachStart(wall.start, wall.end, budget_.isSpent() ? share : budget_, useStart);
     if (!wasWalked && !isEnough) omissions_.isBudgetSpent = true;
   }

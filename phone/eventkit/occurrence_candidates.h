@@ -28,6 +28,10 @@ struct OccurrenceCandidate {
   /// As the database counts: of an event without a zone, wall times.
   Seconds start;
   Seconds end;
+  /// Where the event takes the place of a repetition because it changes that one or earlier ones of a series:
+  /// the row of the series, and when the repetition would start, as the series counts. Else 0.
+  std::int64_t series = 0;
+  Seconds repetition = 0;
 };
 
 /// What became of a candidate.

@@ -148,7 +148,8 @@ Snapshot::Snapshot(Connection& connection) : connection_(connection) { connectio
 
 Snapshot::~Snapshot() { sqlite3_exec(connection_.handle(), "COMMIT", nullptr, nullptr, nullptr); }
 
-Transaction::Transaction(Connection& connection) : connection_(connection) {
+Transaction::Transaction(Connection& connection, std::function<void()> beforeCommit)
+    : connection_(connection), beforeCommit_(std::move(beforeCommit)) {
   connection.execute("BEGIN IMMEDIATE");
 }
 
@@ -158,6 +159,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
+  if (beforeCommit_) beforeCommit_();
   connection_.execute("COMMIT");
   open_ = false;
 }

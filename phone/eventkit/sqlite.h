@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <sqlite3.h>
 #include <stdexcept>
@@ -90,7 +91,8 @@ class Snapshot {
 /// Everything between begin and commit happens whole or not at all; without a commit, not at all.
 class Transaction {
  public:
-  explicit Transaction(Connection& connection);
+  /// `beforeCommit` is what is left to do once everything else is done.
+  explicit Transaction(Connection& connection, std::function<void()> beforeCommit = {});
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
@@ -99,6 +101,7 @@ class Transaction {
 
  private:
   Connection& connection_;
+  std::function<void()> beforeCommit_;
   bool open_ = true;
 };
 

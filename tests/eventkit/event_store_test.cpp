@@ -149,6 +149,20 @@ TEST_F(EventStoreTest, AnEmptyFileIsALostDatabaseAndNoNewOne) {
   EXPECT_EQ(store_->calendars()->count(), 1u);
 }
 
+TEST_F(EventStoreTest, ASuccessClearsTheProblemOfAnEarlierChange) {
+  EKCalendar* const work = addCalendar("Work");
+  EKEvent* const unsaved = newEvent(work, "a"_ns, at(2014, 3, 7, 9), at(2014, 3, 7, 10));
+  ASSERT_FALSE(remove(unsaved)) << "it was never saved";
+  ASSERT_NE(calendarStoreProblem(), "");
+  ASSERT_TRUE(save(unsaved));
+  EXPECT_EQ(calendarStoreProblem(), "");
+
+  ASSERT_FALSE(remove(newEvent(work, "b"_ns, at(2014, 3, 8, 9), at(2014, 3, 8, 10))));
+  ASSERT_NE(calendarStoreProblem(), "");
+  EXPECT_EQ(titles(at(2014, 3, 7), at(2014, 3, 8)), " a");
+  EXPECT_EQ(calendarStoreProblem(), "") << "a search went well, too";
+}
+
 TEST_F(EventStoreTest, WhatAnotherProcessWritesIsSeen) {
   addCalendar("Work");
   {

@@ -175,6 +175,19 @@ TEST_F(ImportTest, EventsWithoutUidKeepTheirIdentity) {
   EXPECT_EQ(importOne(folder_ / "work.ics").unchanged, 2u);
 }
 
+TEST_F(ImportTest, ACalendarWithoutEventsIsACalendar) {
+  const ImportedCalendar empty =
+      importOne(write("empty.ics", calendarOf("X-WR-CALNAME:Nothing yet\nCOLOR:steelblue\n")));
+  EXPECT_EQ(empty.calendar.title, "Nothing yet");
+  EXPECT_EQ(empty.calendar.color, 0x4682b4ffu);
+  EXPECT_EQ(empty.added, 0u);
+  EXPECT_EQ(database().calendars().size(), 1u);
+  EXPECT_EQ(titles(), "");
+  importOne(write("tasks.ics", calendarOf("BEGIN:VTODO\nUID:1\nSUMMARY:task\nEND:VTODO\n")));
+  EXPECT_EQ(database().calendars().at(1).title, "tasks") << "it says no name, so it has its file's";
+  EXPECT_EQ(titles(), "");
+}
+
 TEST_F(ImportTest, AFolderOfEventsIsOneCalendar) {
   write("dav/private/displayname", "Privat & Familie\n");
   write("dav/private/color", "#f0a\n");

@@ -1,0 +1,47 @@
+// The calendars that an import fills, and what it did to each.
+#pragma once
+
+#include <map>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "phone/eventkit/calendar_database.h"
+#include "phone/eventkit/event_record.h"
+#include "phone/eventkit/import.h"
+
+namespace phone {
+
+/// A calendar that gets events, and the rows of those that it got.
+struct ImportTarget {
+  ImportedCalendar imported;
+  std::unordered_set<std::int64_t> seen;
+};
+
+class ImportTargets {
+ public:
+  explicit ImportTargets(CalendarDatabase& database) : database_(database) {}
+
+  /// The calendar of that name (borrowed), added to the database if it has none; an empty colour text, or one
+  /// that is no colour, leaves the colour to the database.
+  ImportTarget& named(const std::string& name, const std::string& color);
+
+  /// Brings the event into the target's calendar.
+  void merge(ImportTarget& target, EventRecord event);
+
+  /// Removes the events that came from a file once and were not among those of this import.
+  void removeMissing();
+
+  /// How many events were brought in so far.
+  std::size_t events() const { return events_; }
+  /// In the order in which they came up.
+  std::vector<ImportedCalendar> results() const;
+
+ private:
+  CalendarDatabase& database_;
+  std::map<std::string, ImportTarget> targets_;
+  std::vector<ImportTarget*> order_;
+  std::size_t events_ = 0;
+};
+
+}  // namespace phone
