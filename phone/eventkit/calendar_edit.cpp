@@ -29,6 +29,8 @@ std::vector<std::int64_t> removeCalendars(CalendarDatabase& database,
          {"DELETE FROM occurrence WHERE event IN (SELECT id FROM event WHERE calendar = ?1)",
           "DELETE FROM series WHERE event IN (SELECT id FROM event WHERE calendar = ?1)",
           "DELETE FROM event_date WHERE event IN (SELECT id FROM event WHERE calendar = ?1)",
+          "DELETE FROM exception_rule WHERE event IN (SELECT id FROM event WHERE calendar = ?1)",
+          "DELETE FROM tail WHERE base IN (SELECT id FROM event WHERE calendar = ?1)",
           "DELETE FROM event WHERE calendar = ?1", "DELETE FROM calendar WHERE id = ?1"}) {
       database.prepared(sql).bind(1, calendar.id).run();
     }

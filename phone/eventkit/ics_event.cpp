@@ -259,8 +259,10 @@ class IcsEventReader {
       }
     });
     forEach(ICAL_EXRULE_PROPERTY, [&](icalproperty* property) {
-      const auto rule = RecurrenceRule::fromFile(icalproperty_get_exrule(property), start);
-      if (rule) event.exceptionRules.push_back({start.wall, rule->text()});
+      const RuleStart ruleStart{exceptionRuleStart(property).value_or(start.wall), start.isAllDay,
+                                start.zone};
+      const auto rule = RecurrenceRule::fromFile(icalproperty_get_exrule(property), ruleStart);
+      if (rule) event.exceptionRules.push_back({ruleStart.wall, rule->text()});
     });
     if (event.zone && !event.rules.empty()) event.calendarDays = daysOfDuration();
     forEach(ICAL_EXDATE_PROPERTY, [&](icalproperty* property) {
@@ -275,6 +277,19 @@ class IcsEventReader {
       return left.start == right.start;
     };
     event.added.erase(std::unique(event.added.begin(), event.added.end(), sameStart), event.added.end());
+  }
+
+  /// None: the rule counts from the event's start, as rules do.
+  static std::optional<Seconds> exceptionRuleStart(icalproperty* property) {
+    for (icalparameter* parameter = icalproperty_get_first_parameter(property, ICAL_X_PARAMETER);
+         parameter != nullptr; parameter = icalproperty_get_next_parameter(property, ICAL_X_PARAMETER)) {
+      const char* const name = icalparameter_get_xname(parameter);
+      const char* const value = icalparameter_get_xvalue(parameter);
+      if (name == nullptr || value == nullptr || std::string_view(name) != kExceptionRuleStart) continue;
+      const icaltimetype time = icaltime_from_string(value);
+      if (icaltime_is_null_time(time) == 0) return wallSeconds(time);
+    }
+    return std::nullopt;
   }
 
   void addDate(EventRecord& event, icalproperty* property) {

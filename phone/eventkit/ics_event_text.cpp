@@ -50,9 +50,10 @@ class IcsEventWriter {
     if (event_.revision > 0) add(icalproperty_new_sequence(static_cast<int>(event_.revision)));
     if (event_.isCancelled) add(icalproperty_new_status(ICAL_STATUS_CANCELLED));
     addTimes();
-    if (event_.replaces) addName(ICAL_RECURRENCEID_PROPERTY, *event_.replaces, seriesZone);
-    for (const std::string& rule : event_.rules) addRule(rule);
-    for (const RepetitionName& name : event_.excluded) addName(ICAL_EXDATE_PROPERTY, name, event_.zone);
+    if (event_.replaces) addReplaced(*event_.replaces, seriesZone);
+    for (const std::string& rule : event_.rules) add(ruleProperty(rule, icalproperty_new_rrule));
+    for (const ExceptionRule& exception : event_.exceptionRules) addExceptionRule(exception);
+    for (const RepetitionName& name : event_.excluded) add(named(ICAL_EXDATE_PROPERTY, name, event_.zone));
     for (const AddedDate& date : event_.added) addDate(date);
     std::string text = OwnedIcalText(icalcomponent_as_ical_string_r(component_.get())).get();
     return text.insert(text.find('\n') + 1, texts());
@@ -68,12 +69,14 @@ class IcsEventWriter {
 
   void add(icalproperty* property) { icalcomponent_add_property(component_.get(), property); }
 
-  void addTime(icalproperty* property, const EventZone* zone) {
+  icalproperty* inZone(icalproperty* property, const EventZone* zone) {
     if (zone != nullptr) {
       icalproperty_add_parameter(property, icalparameter_new_tzid(zones_.nameOf(*zone).c_str()));
     }
-    add(property);
+    return property;
   }
+
+  void addTime(icalproperty* property, const EventZone* zone) { add(inZone(property, zone)); }
 
   /// An instant as a clock in the zone shows it, or in universal time when that clock shows it twice.
   static IcsTime instantIn(const EventZone& zone, Seconds instant) {
@@ -98,15 +101,24 @@ class IcsEventWriter {
     addTime(icalproperty_new_dtend(end.time), end.zone);
   }
 
-  void addName(icalproperty_kind kind, const RepetitionName& name, const std::optional<EventZone>& zone) {
-    IcsTime named{icalTime(name.value)};
-    if (name.kind == RepetitionKind::kDay) named = {dateOf(name.value)};
+  void addReplaced(const ReplacedRepetition& replaced, const std::optional<EventZone>& zone) {
+    icalproperty* const property = named(ICAL_RECURRENCEID_PROPERTY, replaced, zone);
+    if (replaced.andLater) {
+      icalproperty_add_parameter(property, icalparameter_new_range(ICAL_RANGE_THISANDFUTURE));
+    }
+    add(property);
+  }
+
+  icalproperty* named(icalproperty_kind kind, const RepetitionName& name,
+                      const std::optional<EventZone>& zone) {
+    IcsTime time{icalTime(name.value)};
+    if (name.kind == RepetitionKind::kDay) time = {dateOf(name.value)};
     if (name.kind == RepetitionKind::kInstant) {
-      named = zone ? instantIn(*zone, name.value) : IcsTime{universalTime(name.value)};
+      time = zone ? instantIn(*zone, name.value) : IcsTime{universalTime(name.value)};
     }
     icalproperty* const property = icalproperty_new(kind);
-    icalproperty_set_value(property, icalvalue_new_datetimedate(named.time));
-    addTime(property, named.zone);
+    icalproperty_set_value(property, icalvalue_new_datetimedate(time.time));
+    return inZone(property, time.zone);
   }
 
   /// The end of a stored rule is a wall time. The format wants a day for events of whole days, and universal
@@ -117,11 +129,22 @@ class IcsEventWriter {
     return universalTime(event_.zone->toInstant(wall));
   }
 
-  void addRule(const std::string& text) {
+  icalproperty* ruleProperty(const std::string& text, icalproperty* (*make)(icalrecurrencetype)) const {
     icalrecurrencetype rule = icalrecurrencetype_from_string(text.c_str());
     const OwnedIcalText calendar(rule.rscale);
     if (icaltime_is_null_time(rule.until) == 0) rule.until = untilOf(wallSeconds(rule.until));
-    add(icalproperty_new_rrule(rule));
+    return make(rule);
+  }
+
+  void addExceptionRule(const ExceptionRule& exception) {
+    icalproperty* const property = ruleProperty(exception.rule, icalproperty_new_exrule);
+    if (exception.wallStart != event_.wallStart()) {
+      const OwnedIcalText start(icaltime_as_ical_string_r(icalTime(exception.wallStart)));
+      icalparameter* const parameter = icalparameter_new_x(start.get());
+      icalparameter_set_xname(parameter, kExceptionRuleStart);
+      icalproperty_add_parameter(property, parameter);
+    }
+    add(property);
   }
 
   void addDate(const AddedDate& date) {

@@ -6,6 +6,11 @@
 
 namespace phone {
 
+/// The parameter of an EXRULE with the wall time from which the rule counts, when that is not the start of
+/// its event: events that were a part of a longer series have such rules, and the format has no other place
+/// for it.
+inline constexpr const char* kExceptionRuleStart = "X-PHONE-DTSTART";
+
 /// The text that a value stands for: \n is a line break, and a backslash before anything else is dropped.
 /// (libical's own function of this kind leaves line breaks out.)
 std::string unescapedText(std::string_view value);

@@ -13,11 +13,12 @@ RepetitionExceptions::RepetitionExceptions(CalendarDatabase& database, std::int6
   addNames(database.prepared("SELECT kind, value FROM event_date WHERE event = ?1 AND kind IN (1, 2, 3)")
                .bind(1, series));
   const std::string uid = row.text(1);
-  addNames(database
-               .prepared("SELECT replaces_kind, replaces_value FROM event WHERE calendar = ?1 AND uid = ?2 AND "
-                         "replaces_kind IN (1, 2, 3)")
-               .bind(1, row.integer(0))
-               .bind(2, uid));
+  addNames(
+      database
+          .prepared("SELECT replaces_kind, replaces_value FROM event WHERE calendar = ?1 AND uid = ?2 AND "
+                    "replaces_kind IN (1, 2, 3)")
+          .bind(1, row.integer(0))
+          .bind(2, uid));
   std::sort(names_.begin(), names_.end());
   Statement& rules = database.prepared("SELECT wall_start, rule FROM exception_rule WHERE event = ?1");
   const StatementScope rulesScope(rules);

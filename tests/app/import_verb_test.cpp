@@ -23,7 +23,8 @@ TEST(ImportVerb, takesWhatCanBeReadWhenItIsAskedTo) {
 
   const CommandResult refused = workplace.phone({"import", "whole.ics", "broken.ics"});
   EXPECT_EQ(refused.exitCode, 1);
-  EXPECT_NE(refused.errors.find("broken.ics:12: DTSTART cannot be read"), std::string::npos) << refused.errors;
+  EXPECT_NE(refused.errors.find("broken.ics:12: DTSTART cannot be read"), std::string::npos)
+      << refused.errors;
   EXPECT_NE(refused.errors.find("--skip-broken"), std::string::npos) << refused.errors;
   EXPECT_EQ(refused.output, "");
   EXPECT_EQ(workplace.output({"event", "list", "--json", "--now", "2026-03-01"}), "[]\n");

@@ -18,7 +18,8 @@ class BrokenCalendarTest : public CoreTest {
     std::string all;
     for (const EventOccurrence& event :
          occurrencesInRange(database(), {parseTime("2024-01-01 00:00:00"), parseTime("2025-01-01 00:00:00")},
-                            rows, EventZone::utc()).occurrences) {
+                            rows, EventZone::utc())
+             .occurrences) {
       all += " " + event.title;
     }
     return all;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "phone/eventkit/event_edit.h"
 #include "phone/eventkit/event_query.h"
 #include "phone/eventkit/event_table.h"
 #include "phone/eventkit/import.h"
@@ -138,6 +139,41 @@ TEST_F(Export, KeepsWhatIsHardToWrite) {
        write("b.ics", calendarOf(name + sameName + timed("other mine", "Mine", "SUMMARY:Other\n")))});
   EXPECT_EQ(contentOf(reimported()), contentOf(database()));
   EXPECT_EQ(result_.calendars.at(0).cancelled, 1U);
+}
+
+TEST_F(Export, KeepsLaterChangesAndRulesThatLeaveRepetitionsOut) {
+  const auto event = [](const std::string& uid, const std::string& lines) {
+    return "BEGIN:VEVENT\nUID:" + uid + "\n" + lines + "END:VEVENT\n";
+  };
+  const std::string daily =
+      "DTSTART;TZID=Europe/Berlin:20240501T100000\nDURATION:PT1H\nRRULE:FREQ=DAILY;COUNT=20\n";
+  importCalendars(
+      database(),
+      {write("a.ics",
+             calendarOf(event("later", daily) +
+                        event("later",
+                              "RECURRENCE-ID;RANGE=THISANDFUTURE;TZID=Europe/Berlin:20240505T100000\n"
+                              "DTSTART;TZID=Europe/Berlin:20240505T120000\nSUMMARY:Moved\n") +
+                        event("out", daily + "EXRULE:FREQ=WEEKLY;BYDAY=SA,SU\nEXRULE:FREQ=DAILY;COUNT=2\n") +
+                        event("days",
+                              "DTSTART;VALUE=DATE:20240501\nRRULE:FREQ=DAILY;COUNT=9\n"
+                              "EXRULE:FREQ=DAILY;INTERVAL=3;UNTIL=20240506\n") +
+                        event("hebrew", daily + "EXRULE:RSCALE=HEBREW;FREQ=YEARLY;COUNT=2\n") +
+                        event("divided", daily + "EXRULE:FREQ=DAILY;INTERVAL=5\n")))});
+  const EventZone berlin = *EventZone::named("Europe/Berlin");
+  const Seconds third = parseTime("2024-05-03 08:00:00");
+  for (const EventOccurrence& divided :
+       occurrencesInRange(database(), {third, third + 1}, {1}, berlin).occurrences) {
+    if (divided.uid != "divided") continue;
+    changeEvent({database(), berlin, kNow}, divided,
+                {.calendar = 1, .title = "Second part", .start = divided.start, .end = divided.end},
+                EditSpan::kFutureOccurrences);
+  }
+  const std::string text = exported();
+  EXPECT_NE(text.find("RANGE=THISANDFUTURE"), std::string::npos);
+  EXPECT_NE(text.find("EXRULE;X-PHONE-DTSTART=20240501T100000:FREQ=DAILY;INTERVAL=5"), std::string::npos);
+  EXPECT_EQ(contentOf(reimported()), contentOf(database()));
+  EXPECT_NE(contentOf(database()).find("Second part"), std::string::npos);
 }
 
 TEST_F(Export, WritesLinesAsTheFormatWantsThem) {

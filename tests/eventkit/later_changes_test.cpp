@@ -2,6 +2,7 @@
 // repetitions out (EXRULE): imported, searched in one piece and in many, edited on the phone.
 #include <ctime>
 
+#include "phone/eventkit/calendar_edit.h"
 #include "phone/eventkit/event_edit.h"
 #include "phone/eventkit/identifiers.h"
 #include "phone/eventkit/import.h"
@@ -230,6 +231,14 @@ TEST_F(LaterChangesTest, ASeriesThatIsEditedTakesThemAlong) {
       << "the new series keeps both the change and the rule that leaves the sixth out";
   deleteEvent(context, at("2024-03-03 10:00:00"), EditSpan::kFutureOccurrences);
   EXPECT_EQ(all(), " 2.3/9:00+60d");
+}
+
+TEST_F(LaterChangesTest, NothingOfACalendarThatIsRemovedGoesOverToAnother) {
+  import(daily("EXRULE:FREQ=DAILY;INTERVAL=2\n") + change("20240304", "20240304T140000", "n"));
+  removeCalendars(database(), database().calendars());
+  import(daily());
+  EXPECT_EQ(all(),
+            " 1.3/9:00+60d 2.3/9:00+60d 3.3/9:00+60d 4.3/9:00+60d 5.3/9:00+60d 6.3/9:00+60d 7.3/9:00+60d");
 }
 
 TEST_F(LaterChangesTest, EachIsFoundByItsOwnIdentifier) {

@@ -14,7 +14,8 @@ class SchemaTest : public CoreTest {
     std::string all;
     for (const EventOccurrence& event :
          occurrencesInRange(database(), {parseTime("2024-01-01 00:00:00"), parseTime("2025-01-01 00:00:00")},
-                            {1}, EventZone::utc()).occurrences) {
+                            {1}, EventZone::utc())
+             .occurrences) {
       all += " " + event.title;
     }
     return all;
