@@ -52,7 +52,7 @@ class LaterChangesTest : public CoreTest {
       whole += textOf(event);
     }
     std::string pieces;
-    constexpr Seconds kPiece = 18 * 3600;
+    constexpr Seconds kPiece = 18 * Seconds{3600};
     const Seconds end = parseTime("2024-05-04 00:00:00");
     for (Seconds from = parseTime("2024-02-18 00:00:00"); from < end; from += kPiece) {
       for (const EventOccurrence& event :
