@@ -36,7 +36,7 @@ class Scratch:
             if name.parts[0] != "build" and path.is_file() and str(name) not in wanted:
                 path.unlink()
         self._run("cmake", "--preset", self.preset, "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON")
-        if not self.build():
+        if not self.build(os.cpu_count()):
             raise BuildError(f"{checkout} does not build; see {self.log}")
         self.built = self.fingerprint()
 
@@ -58,10 +58,10 @@ class Scratch:
             done = subprocess.run(command, cwd=self.root, env=self.environment, stdout=log, stderr=log, check=False)
         return done.returncode == 0
 
-    def build(self):
+    def build(self, jobs=1):
         """Whether it compiles and links."""
         targets = [f"{folder}/all" for folder in BUILT_FOLDERS]
-        return self._run("nice", "ninja", "-C", str(self.build_folder), "-j1", *targets)
+        return self._run("nice", "ninja", "-C", str(self.build_folder), f"-j{jobs}", *targets)
 
     def write(self, file, text):
         (self.root / file).write_text(text)

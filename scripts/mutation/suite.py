@@ -54,7 +54,7 @@ def cases_in(build_folder):
         if properties.get("DISABLED") or not any(argument.startswith("--gtest_filter") for argument in command[1:]):
             continue
         program, folder = (os.path.relpath(path, build_folder) for path in (command[0], properties["WORKING_DIRECTORY"]))
-        environment = dict(entry.split("=", 1) for entry in properties.get("ENVIRONMENT", []))
+        environment = dict(entry.split("=", 1) for entry in properties.get("ENVIRONMENT", []) if entry)
         found.append(Case(test["name"], program, command[1:], folder, environment))
     return found
 
@@ -66,7 +66,7 @@ def run(case, build_folder):
     process = subprocess.Popen(
         ["nice", str(build_folder / case.program), *case.arguments],
         cwd=build_folder / case.folder,
-        env=dict(os.environ, HOME=str(home), TMPDIR=str(home), **case.environment),
+        env={**os.environ, "HOME": str(home), "TMPDIR": str(home), **case.environment},
         stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
         start_new_session=True, preexec_fn=_set_limits,
     )
