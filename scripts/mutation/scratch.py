@@ -61,7 +61,7 @@ class Scratch:
     def build(self, jobs=1):
         """Whether it compiles and links."""
         targets = [f"{folder}/all" for folder in BUILT_FOLDERS]
-        return self._run("nice", "ninja", "-C", str(self.build_folder), f"-j{jobs}", *targets)
+        return self._run("ninja", "-C", str(self.build_folder), f"-j{jobs}", *targets)
 
     def write(self, file, text):
         (self.root / file).write_text(text)
