@@ -67,8 +67,9 @@ Seconds stamp(const std::string* value) {
 
 class IcsEventReader {
  public:
-  IcsEventReader(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones)
-      : file_(file), component_(component), zones_(zones) {
+  IcsEventReader(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones,
+                 WalkBudget& toEnds)
+      : file_(file), component_(component), zones_(zones), toEnds_(toEnds) {
     parsed_.reset(icalparser_parse_string(component.text.c_str()));
     if (parsed_ == nullptr) fail("BEGIN", "the event cannot be read");
   }
@@ -251,17 +252,13 @@ class IcsEventReader {
     if (event.isCancelled) return;
     const RuleStart start{event.wallStart(), event.isAllDay, event.zone ? *event.zone : zones_.phoneZone()};
     forEach(ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
-      const auto rule = RecurrenceRule::fromFile(icalproperty_get_rrule(property), start);
-      if (rule) {
-        event.rules.push_back(rule->text());
-      } else if (isForeign(icalproperty_get_rrule(property))) {
-        event_.leftOut.countInEvent(IcsLeftOut::kForeignRule);
-      }
+      const auto rule = ruleFrom(icalproperty_get_rrule(property), start);
+      if (rule) event.rules.push_back(rule->text());
     });
     forEach(ICAL_EXRULE_PROPERTY, [&](icalproperty* property) {
       const RuleStart ruleStart{exceptionRuleStart(property).value_or(start.wall), start.isAllDay,
                                 start.zone};
-      const auto rule = RecurrenceRule::fromFile(icalproperty_get_exrule(property), ruleStart);
+      const auto rule = ruleFrom(icalproperty_get_exrule(property), ruleStart);
       if (rule) event.exceptionRules.push_back({ruleStart.wall, rule->text()});
     });
     if (event.zone && !event.rules.empty()) event.calendarDays = daysOfDuration();
@@ -277,6 +274,15 @@ class IcsEventReader {
       return left.start == right.start;
     };
     event.added.erase(std::unique(event.added.begin(), event.added.end(), sameStart), event.added.end());
+  }
+
+  std::optional<RecurrenceRule> ruleFrom(const icalrecurrencetype& read, const RuleStart& start) {
+    auto rule = RecurrenceRule::fromFile(read, start, toEnds_);
+    if (!rule && isForeign(read)) event_.leftOut.countInEvent(IcsLeftOut::kForeignRule);
+    if (rule && read.count > 0 && rule->lastStart() == kEndless) {
+      event_.leftOut.countInEvent(IcsLeftOut::kCount);
+    }
+    return rule;
   }
 
   /// None: the rule counts from the event's start, as rules do.
@@ -310,16 +316,18 @@ class IcsEventReader {
   const std::filesystem::path& file_;
   const IcsComponent& component_;
   IcsZones& zones_;
+  WalkBudget& toEnds_;
   OwnedComponent parsed_;
   IcsEvent event_;
 };
 
 }  // namespace
 
-IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones) {
+IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones,
+                      WalkBudget& toEnds) {
   const MemoryCheck memory;
   try {
-    IcsEvent event = IcsEventReader(file, component, zones).read();
+    IcsEvent event = IcsEventReader(file, component, zones, toEnds).read();
     memory.require();
     return event;
   } catch (const IcsError&) {

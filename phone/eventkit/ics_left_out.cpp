@@ -21,6 +21,8 @@ constexpr Kind kKindsLeftOut[] = {
     {"VFREEBUSY", "list of busy times", "lists of busy times"},
     {"", "entry of another kind", "entries of other kinds"},
     {IcsLeftOut::kForeignRule, "rule in a foreign calendar", "rules in foreign calendars"},
+    {IcsLeftOut::kCount, "number of occurrences too large to count",
+     "numbers of occurrences too large to count"},
     {IcsLeftOut::kChangeOfEarlier, "change of earlier repetitions", "changes of earlier repetitions"},
     {"VALARM", "alarm", "alarms"},
     {"ATTENDEE", "attendee", "attendees"},

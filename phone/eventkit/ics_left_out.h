@@ -19,6 +19,8 @@ class IcsLeftOut {
 
   /// A rule in a calendar other than the Gregorian one that cannot be followed.
   static constexpr std::string_view kForeignRule = "RSCALE";
+  /// A number of occurrences that is too large, or takes too long to find the last one of.
+  static constexpr std::string_view kCount = "COUNT";
   /// A change of all repetitions before one, which is taken as a change of that one.
   static constexpr std::string_view kChangeOfEarlier = "THISANDPRIOR";
 
@@ -28,7 +30,7 @@ class IcsLeftOut {
   std::string text() const;
 
  private:
-  static constexpr std::size_t kKinds = 16;
+  static constexpr std::size_t kKinds = 17;
 
   std::array<std::size_t, kKinds> counts_{};
 };

@@ -9,6 +9,7 @@
 #include "phone/eventkit/ics_zones.h"
 #include "phone/eventkit/import_source.h"
 #include "phone/eventkit/import_targets.h"
+#include "phone/eventkit/recurrence_rule.h"
 
 namespace phone {
 
@@ -53,6 +54,7 @@ class Importer {
     brokenInFile_ = 0;
     bytesInFile_ = 0;
     zones_ = IcsZones(options_.phoneZone);
+    toEnds_ = WalkBudget(kMaxStepsToEnds);
     std::vector<WaitingEvent> waiting;
     try {
       scan(source, file, waiting);
@@ -121,7 +123,7 @@ class Importer {
   /// The event, or none for one that is broken and left out.
   std::optional<IcsEvent> read(const std::filesystem::path& file, const IcsComponent& component) {
     try {
-      return readIcsEvent(file, component, zones_);
+      return readIcsEvent(file, component, zones_, toEnds_);
     } catch (const IcsError& error) {
       if (!options_.skipBroken) throw;
       addBroken(error.what() + component.label());
@@ -161,6 +163,8 @@ class Importer {
   // Of the present source, and of the present file.
   IcsLeftOut leftOut_;
   IcsZones zones_;
+  /// What finding the ends of rules may still cost in the present file.
+  WalkBudget toEnds_{kMaxStepsToEnds};
   std::uint64_t bytesInFile_ = 0;
   std::size_t brokenInFile_ = 0;
 };

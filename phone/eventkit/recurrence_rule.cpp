@@ -46,8 +46,8 @@ RecurrenceRule::RecurrenceRule(const icalrecurrencetype& rule, Seconds wallStart
   if (!isGregorian) calendar_ = rule.rscale;
 }
 
-std::optional<RecurrenceRule> RecurrenceRule::fromFile(const icalrecurrencetype& rule,
-                                                       const RuleStart& start) {
+std::optional<RecurrenceRule> RecurrenceRule::fromFile(const icalrecurrencetype& rule, const RuleStart& start,
+                                                       WalkBudget& toEnds) {
   RecurrenceRule read(rule, start.wall);
   if (icaltime_is_null_time(rule.until) == 0) {
     read.endAt(wallUntil(rule.until, start.zone));
@@ -60,24 +60,27 @@ std::optional<RecurrenceRule> RecurrenceRule::fromFile(const icalrecurrencetype&
   }
   if (read.lastStart() < start.wall) return std::nullopt;
   if (read.countsInForeignCalendar() && !namesForeignDates(rule)) return std::nullopt;
-  if (rule.count > 0 && !read.endCounted()) return std::nullopt;
+  if (rule.count > 0 && !read.endCounted(toEnds)) return std::nullopt;
   return read;
 }
 
 /// Replaces a number of occurrences by the time of the last one. False when only the start is left.
-bool RecurrenceRule::endCounted() {
+bool RecurrenceRule::endCounted(WalkBudget& toEnds) {
   const int named = rule_.count;
   rule_.count = 0;
   if (named > (countsInForeignCalendar() ? kMaxForeignCount : kMaxCount)) return true;
+  if (toEnds.isSpent()) return true;
   // The start counts as the first occurrence, also where the rule itself leaves it out.
   int left = named - 1;
   Seconds last = wallStart_;
-  WalkBudget budget(countsInForeignCalendar() ? (named + 2) * kStepsPerForeignDate : kMaxStepsToEnd);
+  const std::int64_t share = countsInForeignCalendar() ? (named + 2) * kStepsPerForeignDate : kMaxStepsToEnd;
+  WalkBudget budget(share);
   const auto count = [&](Seconds start) {
     last = start;
     return --left > 0;
   };
   const bool isEndless = left > 0 && forEachStart(wallStart_ + 1, wallStart_ + kMaxTimeToEnd, budget, count);
+  toEnds.take(share - budget.left());
   if (!isEndless) endAt(last);
   return last > wallStart_;
 }

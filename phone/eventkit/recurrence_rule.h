@@ -14,6 +14,10 @@ namespace phone {
 /// A rule that names a larger number of occurrences than this counts as endless.
 inline constexpr int kMaxCount = 20'000;
 
+/// What it may cost to find the ends of all rules of a file that name a number of occurrences: about a
+/// second.
+inline constexpr std::int64_t kMaxStepsToEnds = 20'000'000;
+
 /// The last occurrence of a rule without end.
 inline constexpr Seconds kEndless = std::numeric_limits<std::int64_t>::max() / 4;
 
@@ -32,8 +36,10 @@ struct RuleStart {
 class RecurrenceRule {
  public:
   /// From a rule of a calendar file. None when the rule never occurs, except perhaps at the start itself,
-  /// which every event has anyway.
-  static std::optional<RecurrenceRule> fromFile(const icalrecurrencetype& rule, const RuleStart& start);
+  /// which every event has anyway. The end of a rule that names a number of occurrences is looked for at the
+  /// cost of `toEnds`; once that is spent, such rules count as endless.
+  static std::optional<RecurrenceRule> fromFile(const icalrecurrencetype& rule, const RuleStart& start,
+                                                WalkBudget& toEnds);
   /// From text(). A text that is no rule gives one that never occurs.
   static RecurrenceRule fromStored(const std::string& text, Seconds wallStart);
 
@@ -54,7 +60,7 @@ class RecurrenceRule {
 
   bool countsInForeignCalendar() const { return !calendar_.empty(); }
   icalrecurrencetype parsed() const;
-  bool endCounted();
+  bool endCounted(WalkBudget& toEnds);
   void endAt(Seconds wall);
 
   /// Without the calendar's name, which libical leaves to the owner of the rule to free.

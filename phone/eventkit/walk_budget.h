@@ -2,6 +2,7 @@
 // day; whoever asks for occurrences says how far it is worth going.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace phone {
@@ -17,6 +18,8 @@ class WalkBudget {
     return steps_ >= 0;
   }
   bool isSpent() const { return steps_ <= 0; }
+  /// Never less than 0.
+  std::int64_t left() const { return std::max<std::int64_t>(steps_, 0); }
 
  private:
   std::int64_t steps_;

@@ -43,7 +43,8 @@ void list(const std::string& line) {
   std::string text;
   parts >> start >> from >> to >> window >> text;
   const RuleStart begin{parse(start), start.find('T') == std::string::npos, EventZone::utc()};
-  const auto read = RecurrenceRule::fromFile(icalrecurrencetype_from_string(text.c_str()), begin);
+  WalkBudget toEnds(kMaxStepsToEnds);
+  const auto read = RecurrenceRule::fromFile(icalrecurrencetype_from_string(text.c_str()), begin, toEnds);
   // Through its text, as it comes out of the store.
   std::optional<RecurrenceRule> rule;
   if (read) rule = RecurrenceRule::fromStored(read->text(), begin.wall);

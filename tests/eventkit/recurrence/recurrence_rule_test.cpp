@@ -15,7 +15,8 @@ std::optional<RecurrenceRule> read(const std::string& text, const std::string& s
                                    const EventZone& zone = EventZone::utc()) {
   const icalrecurrencetype rule = icalrecurrencetype_from_string(text.c_str());
   const OwnedIcalText calendar(rule.rscale);
-  return RecurrenceRule::fromFile(rule, {parseTime(start), start.size() == 10, zone});
+  WalkBudget toEnds(kMaxStepsToEnds);
+  return RecurrenceRule::fromFile(rule, {parseTime(start), start.size() == 10, zone}, toEnds);
 }
 
 /// The first occurrences behind the start, a space after each; a date stands for its midnight.
