@@ -1,8 +1,5 @@
 #include "phone/app/local_time.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "phone/app/wrong_use.h"
 #include "phone/eventkit/calendar_time.h"
 #include "phone/foundation/wall_clock.h"
@@ -11,19 +8,7 @@ namespace phone {
 
 namespace {
 
-// Clocks of the standard library count nanoseconds, in which a time of another century has no room.
-using WholeSeconds = cctz::time_point<cctz::seconds>;
 using Microseconds = cctz::time_point<std::chrono::microseconds>;
-
-const WholeSeconds kReferenceMoment{cctz::seconds(kReferenceAfterUnixEpoch)};
-
-/// Rounded down: the last second of a day still belongs to it. What lies millions of years away, or is no
-/// number at all, is cut off where the arithmetic of dates ends.
-WholeSeconds wholeSeconds(double time) {
-  constexpr double kMaxSeconds = 1e14;
-  const double within = std::isnan(time) ? 0 : std::clamp(time, -kMaxSeconds, kMaxSeconds);
-  return kReferenceMoment + cctz::seconds(static_cast<Seconds>(std::floor(within)));
-}
 
 cctz::civil_second civil(double time, const cctz::time_zone& zone) {
   return cctz::convert(wholeSeconds(time), zone);
@@ -54,7 +39,7 @@ double parseTime(const std::string& text, const cctz::time_zone& zone) {
     for (const char* offset : {"", "%Ez"}) {
       Microseconds time;
       if (!cctz::parse(std::string(day) + offset, text, zone, &time)) continue;
-      const double seconds = std::chrono::duration<double>(time - kReferenceMoment).count();
+      const double seconds = std::chrono::duration<double>(time - wholeSeconds(0)).count();
       const auto year = civil(seconds, zone).year();
       if (year >= kFirstYear && year <= kLastYear) return seconds;
       throw WrongUse("\"" + text + "\" lies outside the years " + std::to_string(kFirstYear) + " to " +

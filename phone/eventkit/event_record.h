@@ -28,7 +28,6 @@ struct RepetitionName {
 struct ReplacedRepetition : RepetitionName {
   bool andLater = false;
 
-  const RepetitionName& name() const { return *this; }
   bool operator==(const ReplacedRepetition&) const = default;
 };
 
@@ -36,7 +35,7 @@ struct ReplacedRepetition : RepetitionName {
 /// event that it belongs to is taken apart.
 struct ExceptionRule {
   Seconds wallStart;
-  /// As storedRule() gives it.
+  /// As RecurrenceRule::text() gives it.
   std::string rule;
 
   auto operator<=>(const ExceptionRule&) const = default;
@@ -69,7 +68,7 @@ struct EventRecord {
   /// only of events with rules and a zone.
   std::int64_t calendarDays = 0;
 
-  /// Recurrence rules as storedRule() gives them.
+  /// Recurrence rules as RecurrenceRule::text() gives them.
   std::vector<std::string> rules = {};
   std::vector<RepetitionName> excluded = {};
   std::vector<ExceptionRule> exceptionRules = {};
@@ -95,6 +94,10 @@ struct EventRecord {
   /// From a time as this event counts to a wall time where it takes place, and back.
   Seconds toWall(Seconds stored) const { return zone ? zone->toWall(stored) : stored; }
   Seconds toStored(Seconds wall) const { return zone ? zone->toInstant(wall) : wall; }
+  /// The wall time of a repetition of this event; of one that is named by its day, the midnight.
+  Seconds wallOf(const RepetitionName& name) const {
+    return name.kind == RepetitionKind::kInstant ? toWall(name.value) : name.value;
+  }
 };
 
 /// True when both say the same, leaving versions and origin aside.

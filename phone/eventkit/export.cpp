@@ -28,8 +28,12 @@ std::vector<std::int64_t> rowsOf(CalendarDatabase& database, const CalendarRecor
 /// The zone of the series that the event stands in for a repetition of.
 std::optional<EventZone> seriesZone(CalendarDatabase& database, const EventRecord& event) {
   if (!event.replaces) return std::nullopt;
-  const auto series = findEvent(database, event.calendar, event.uid, std::nullopt);
-  return series ? readEvent(database, *series).zone : event.zone;
+  Statement& query =
+      database.prepared("SELECT zone FROM event WHERE calendar = ?1 AND uid = ?2 AND replaces_kind = 0");
+  const StatementScope scope(query);
+  if (!query.bind(1, event.calendar).bind(2, event.uid).step()) return event.zone;
+  const EventZone* const zone = database.zone(query.integer(0));
+  return zone == nullptr ? std::nullopt : std::optional(*zone);
 }
 
 }  // namespace

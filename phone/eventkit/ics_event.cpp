@@ -15,9 +15,6 @@ namespace phone {
 
 namespace {
 
-constexpr std::string_view kTimingProperties[] = {"DTSTART", "DTEND", "DURATION", "RRULE",
-                                                  "EXRULE",  "RDATE", "EXDATE",   "RECURRENCE-ID"};
-
 /// A time of the file before it is known how the event counts: a wall time, and the zone that it is of.
 struct IcsTime {
   Seconds wall = 0;
@@ -105,7 +102,7 @@ class IcsEventReader {
   void refuseBrokenTimes() const {
     forEach(ICAL_XLICERROR_PROPERTY, [this](icalproperty* note) {
       const std::string_view text = icalproperty_get_xlicerror(note);
-      for (const std::string_view name : kTimingProperties) {
+      for (const std::string_view name : kEventTiming) {
         const std::string mention = "value in " + std::string(name) + " property";
         if (text.find(mention) == std::string_view::npos) continue;
         const std::size_t colon = text.rfind(": ");

@@ -9,11 +9,6 @@ namespace phone {
 
 namespace {
 
-/// What libical is to read of an event. It is a small part of a file: descriptions, attendees, attachments
-/// and alarms would be parsed for nothing.
-constexpr std::string_view kEventTiming[] = {"DTEND",  "DTSTART", "DURATION", "EXDATE",
-                                             "EXRULE", "RDATE",   "RRULE",    "RECURRENCE-ID"};
-
 /// Plain texts, numbers and stamps, which need no parser.
 constexpr std::string_view kEventTexts[] = {"DTSTAMP", "LAST-MODIFIED", "LOCATION", "SEQUENCE",
                                             "STATUS",  "SUMMARY",       "UID"};

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -12,6 +13,11 @@
 #include "phone/eventkit/ics_reader.h"
 
 namespace phone {
+
+/// What libical is to read of an event. It is a small part of a file: descriptions, attendees, attachments
+/// and alarms would be parsed for nothing.
+inline constexpr std::string_view kEventTiming[] = {"DTEND",  "DTSTART", "DURATION", "EXDATE",
+                                                    "EXRULE", "RDATE",   "RRULE",    "RECURRENCE-ID"};
 
 struct IcsComponent {
   enum class Kind {

@@ -26,7 +26,10 @@ struct WaitingEvent {
 class Importer {
  public:
   Importer(CalendarDatabase& database, const ImportOptions& options)
-      : database_(database), options_(options), targets_(database), zones_(options.phoneZone) {}
+      : database_(database),
+        options_(options),
+        targets_(database, options.removeMissing),
+        zones_(options.phoneZone) {}
 
   ImportResult run(const std::vector<std::filesystem::path>& paths) {
     const std::vector<ImportSource> sources = findSources(paths);

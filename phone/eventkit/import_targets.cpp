@@ -34,7 +34,7 @@ void ImportTargets::merge(ImportTarget& target, EventRecord event) {
       break;
   }
   if (event.isCancelled) ++counts.cancelled;
-  target.seen.insert(merged.row);
+  if (removesMissing_) target.seen.insert(merged.row);
   ++events_;
 }
 

@@ -12,7 +12,7 @@
 
 namespace phone {
 
-/// A calendar that gets events, and the rows of those that it got.
+/// A calendar that gets events, and the rows of those that it got if the others are to be removed.
 struct ImportTarget {
   ImportedCalendar imported;
   std::unordered_set<std::int64_t> seen;
@@ -20,7 +20,9 @@ struct ImportTarget {
 
 class ImportTargets {
  public:
-  explicit ImportTargets(CalendarDatabase& database) : database_(database) {}
+  /// `removesMissing` says whether removeMissing() will be asked for, which has to know every row.
+  ImportTargets(CalendarDatabase& database, bool removesMissing)
+      : database_(database), removesMissing_(removesMissing) {}
 
   /// The calendar of that name (borrowed), added to the database if it has none; an empty colour text, or one
   /// that is no colour, leaves the colour to the database.
@@ -39,6 +41,7 @@ class ImportTargets {
 
  private:
   CalendarDatabase& database_;
+  bool removesMissing_;
   std::map<std::string, ImportTarget> targets_;
   std::vector<ImportTarget*> order_;
   std::size_t events_ = 0;

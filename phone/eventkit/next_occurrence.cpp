@@ -24,8 +24,7 @@ Seconds lastEnd(CalendarDatabase& database, const EventRecord& series) {
   for (const std::int64_t row : replacingEvents(database, series.calendar, series.uid)) {
     last = std::max(last, readEvent(database, row).end);
   }
-  static const Seconds kFarthest = wallSeconds(cctz::civil_second(kLastYear, 12, 31));
-  return std::min(last, kFarthest) + kSlack;
+  return std::min(last, kLastWallTime) + kSlack;
 }
 
 class OccurrenceSearch {

@@ -22,8 +22,6 @@ constexpr Seconds kMaxTimeToEnd = 146'097 * kSecondsPerDay;
 /// In other calendars, where a step is a thousand times as long, and nobody lives to see more.
 constexpr int kMaxForeignCount = 100;
 
-const Seconds kLastMoment = wallSeconds(cctz::civil_second(kLastYear, 12, 31, 23, 59, 59));
-
 /// The wall time of the rule's last moment. Files write it as an instant, as a wall time or as a whole day.
 Seconds wallUntil(const icaltimetype& until, const EventZone& zone) {
   const Seconds seconds = wallSeconds(until);
@@ -91,7 +89,7 @@ RecurrenceRule RecurrenceRule::fromStored(const std::string& text, Seconds wallS
   return {parsed, wallStart};
 }
 
-void RecurrenceRule::endAt(Seconds wall) { rule_.until = icalTime(std::min(wall, kLastMoment)); }
+void RecurrenceRule::endAt(Seconds wall) { rule_.until = icalTime(std::min(wall, kLastWallTime)); }
 
 /// The rule as libical takes it; the calendar's name is borrowed.
 icalrecurrencetype RecurrenceRule::parsed() const {
@@ -125,7 +123,7 @@ RecurrenceRule RecurrenceRule::shifted(Seconds shift) const {
 
 bool RecurrenceRule::forEachStart(Seconds from, Seconds to, WalkBudget& budget, const UseStart& use) const {
   from = std::max(from, wallStart_);
-  to = std::min({to, lastStart(), kLastMoment});
+  to = std::min({to, lastStart(), kLastWallTime});
   if (rule_.freq == ICAL_NO_RECURRENCE || from > to) return true;
   if (countsInForeignCalendar()) return forEachForeignStart(parsed(), wallStart_, from, to, budget, use);
   return RecurrenceWalk(rule_, wallStart_).forEach(from, to, budget, use);

@@ -15,8 +15,7 @@ Seconds storedStartOf(const EventRecord& series, const RepetitionName& name) {
 RepetitionName renamed(const RepetitionName& name, const EventRecord& before, const EventRecord& after) {
   const Seconds shift = after.wallStart() - before.wallStart();
   if (name.kind == RepetitionKind::kDay) return {name.kind, name.value + dayOf(shift) * kSecondsPerDay};
-  const Seconds wall = name.kind == RepetitionKind::kInstant ? before.toWall(name.value) : name.value;
-  return repetitionAt(after, after.toStored(wall + shift));
+  return repetitionAt(after, after.toStored(before.wallOf(name) + shift));
 }
 
 }  // namespace

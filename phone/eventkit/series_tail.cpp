@@ -21,10 +21,6 @@ struct LaterChange {
   Seconds shift() const { return event.wallStart() - first; }
 };
 
-Seconds wallOf(const EventRecord& series, const RepetitionName& name) {
-  return name.kind == RepetitionKind::kInstant ? series.toWall(name.value) : name.value;
-}
-
 std::vector<std::int64_t> rowsOfLaterChanges(CalendarDatabase& database, std::int64_t calendar,
                                              const std::string& uid) {
   Statement& query =
@@ -50,7 +46,7 @@ class TailWriter {
     for (const std::int64_t row : changing) {
       EventRecord event = readEvent(database_, row);
       removeOccurrence(database_, row, event, event.start, event.end);
-      const Seconds first = wallOf(series_, *event.replaces);
+      const Seconds first = series_.wallOf(*event.replaces);
       changes_.push_back({row, std::move(event), first});
     }
     std::sort(changes_.begin(), changes_.end(), [](const auto& left, const auto& right) {

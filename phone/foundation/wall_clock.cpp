@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctz/time_zone.h>
 #include <cmath>
 
 #include "platform/foundation/ns_date.h"
@@ -30,17 +29,16 @@ std::string twoDigits(int number) { return (number < 10 ? "0" : "") + std::to_st
 
 }  // namespace
 
-cctz::civil_second wallClockAt(NSDate* date) {
-  // Beyond it, three million years away, no calendar makes sense.
+WholeSeconds wholeSeconds(double sinceReferenceDate) {
   constexpr double kMaxSeconds = 1e14;
-  const double time = date->timeIntervalSinceReferenceDate();
-  const double within = std::isnan(time) ? 0 : std::clamp(time, -kMaxSeconds, kMaxSeconds);
-  static const auto kReferenceDate = cctz::convert(cctz::civil_second(2001), cctz::utc_time_zone());
-  // Rounded down: the last moment of a second still belongs to it. Counted in seconds, for nanoseconds do not
-  // reach other centuries.
-  const cctz::time_point<cctz::seconds> moment =
-      kReferenceDate + cctz::seconds(static_cast<std::int64_t>(std::floor(within)));
-  return cctz::convert(moment, defaultZone());
+  static const WholeSeconds kReferenceDate = cctz::convert(cctz::civil_second(2001), cctz::utc_time_zone());
+  const double within =
+      std::isnan(sinceReferenceDate) ? 0 : std::clamp(sinceReferenceDate, -kMaxSeconds, kMaxSeconds);
+  return kReferenceDate + cctz::seconds(static_cast<std::int64_t>(std::floor(within)));
+}
+
+cctz::civil_second wallClockAt(NSDate* date) {
+  return cctz::convert(wholeSeconds(date->timeIntervalSinceReferenceDate()), defaultZone());
 }
 
 std::string weekdayName(const cctz::civil_second& time) {

@@ -3,11 +3,20 @@
 #pragma once
 
 #include <cctz/civil_time.h>
+#include <cctz/time_zone.h>
 #include <string>
 
 class NSDate;
 
 namespace phone {
+
+/// Clocks of the standard library count nanoseconds, in which a time of another century has no room.
+using WholeSeconds = cctz::time_point<cctz::seconds>;
+
+/// The instant so many seconds after the reference date, rounded down: the last moment of a second still
+/// belongs to it. What lies more than three million years away, where no calendar makes sense, is cut off
+/// there, and no number at all is the reference date.
+WholeSeconds wholeSeconds(double sinceReferenceDate);
 
 cctz::civil_second wallClockAt(NSDate* date);
 
