@@ -151,16 +151,23 @@ bool CalendarProcess::close(EKEventEditor* editor, EditAction action) {
   const OpenEditor closed = std::move(*place);
   editors_.erase(place);
   disappear(editor);
-  if (closed.coveredView != nullptr) uncover(closed.coveredView);
+  const bool isDeleted = action == EditAction::kDeleted;
+  if (isDeleted) {
+    if (closed.coveredView == nullptr) disappear(frontView());
+    dropViewsOfDeletedEvents();
+  }
+  if (isDeleted || closed.coveredView != nullptr) appear(frontView());
   return true;
 }
 
-void CalendarProcess::uncover(EKEventViewController* view) {
-  // A view whose event was deleted has nothing left to show.
-  if (!hasEvent(view)) {
-    std::erase_if(views_, [view](const auto& each) { return each.get() == view; });
-  }
-  appear(frontView());
+void CalendarProcess::dropViewsOfDeletedEvents() {
+  // The event may be shown more than once, and a series is deleted together with its changed repetitions.
+  const auto isGone = [this](const objc::Owned<EKEventViewController>& view) {
+    return !hasEvent(view.get()) ||
+           (store()->eventWithIdentifier(view->event()->eventIdentifier()) == nullptr &&
+            calendarStoreProblem().empty());
+  };
+  std::erase_if(views_, isGone);
 }
 
 CalendarScreen CalendarProcess::screenOf(UIViewController* controller) const {

@@ -75,7 +75,7 @@ class CalendarProcess {
   CalendarProcess();
   EKEventViewController* show(EKEvent* event);
   EKEventEditor* open(EKEvent* event, EKEventViewController* coveredView, bool isNew);
-  void uncover(EKEventViewController* view);
+  void dropViewsOfDeletedEvents();
 
   AutoreleasePool pool_;
   objc::Owned<EKEventStore> store_;
