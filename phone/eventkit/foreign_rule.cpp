@@ -1,6 +1,7 @@
 #include "phone/eventkit/foreign_rule.h"
 
 #include <algorithm>
+#include <strings.h>
 
 #include "phone/eventkit/ical_lists.h"
 #include "phone/eventkit/ical_owned.h"
@@ -13,6 +14,11 @@ namespace {
 constexpr int kMaxYearsBetween = 20;
 
 }  // namespace
+
+bool isForeign(const icalrecurrencetype& rule) {
+  if (rule.rscale == nullptr) return false;
+  return ::strcasecmp(rule.rscale, "GREGORIAN") != 0 || rule.skip != ICAL_SKIP_OMIT;
+}
 
 bool namesForeignDates(const icalrecurrencetype& rule) {
   const bool isYearly = rule.freq == ICAL_YEARLY_RECURRENCE;

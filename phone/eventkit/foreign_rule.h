@@ -11,6 +11,10 @@ namespace phone {
 /// A date in the Chinese calendar takes a millisecond, which is as long as so many steps of our own.
 inline constexpr std::int64_t kStepsPerForeignDate = 20'000;
 
+/// Whether the rule counts in such a calendar, or skips days that do not exist in a way that only libical
+/// knows.
+bool isForeign(const icalrecurrencetype& rule);
+
 /// Whether the rule names plain dates: every so many months or years, one or more days of a month. For
 /// anything else libical may search for minutes.
 bool namesForeignDates(const icalrecurrencetype& rule);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string_view>
 
+#include "phone/eventkit/foreign_rule.h"
 #include "phone/eventkit/ical_owned.h"
 #include "phone/eventkit/ics_text.h"
 #include "phone/eventkit/memory_check.h"
@@ -228,10 +229,6 @@ class IcsEventReader {
       event_.leftOut.countInEvent(IcsLeftOut::kChangeOfEarlier);
     }
     return icalparameter_get_range(range) == ICAL_RANGE_THISANDFUTURE;
-  }
-
-  static bool isForeign(const icalrecurrencetype& rule) {
-    return rule.rscale != nullptr && std::string_view(rule.rscale) != "GREGORIAN";
   }
 
   template <typename Value>

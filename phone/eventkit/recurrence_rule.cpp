@@ -1,7 +1,6 @@
 #include "phone/eventkit/recurrence_rule.h"
 
 #include <algorithm>
-#include <strings.h>
 
 #include "phone/eventkit/foreign_rule.h"
 #include "phone/eventkit/ical_lists.h"
@@ -39,9 +38,7 @@ bool isWithinDay(const icalrecurrencetype& rule) {
 RecurrenceRule::RecurrenceRule(const icalrecurrencetype& rule, Seconds wallStart)
     : rule_(rule), wallStart_(wallStart) {
   rule_.rscale = nullptr;
-  if (rule.rscale == nullptr) return;
-  const bool isGregorian = ::strcasecmp(rule.rscale, "GREGORIAN") == 0 && rule.skip == ICAL_SKIP_OMIT;
-  if (!isGregorian) calendar_ = rule.rscale;
+  if (isForeign(rule)) calendar_ = rule.rscale;
 }
 
 std::optional<RecurrenceRule> RecurrenceRule::fromFile(const icalrecurrencetype& rule, const RuleStart& start,

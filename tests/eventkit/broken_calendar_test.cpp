@@ -75,6 +75,10 @@ TEST_F(BrokenCalendarTest, WhatCanBeReadIsTakenAndTheRestIsNamed) {
        "BEGIN:VCALENDAR\n" + event(1, "a") + begun(2, "b"),
        " a",
        {":10: the file ends before the END of VEVENT, which begins in line 7 (event \"b\")"}},
+      {"no-end-of-the-calendar",
+       "BEGIN:VCALENDAR\nVERSION:2.0\n" + event(1, "a"),
+       " a",
+       {":7: the file ends before the END of VCALENDAR, which begins in line 1"}},
       {"text-behind",
        calendarOf(event(1, "a")) + "garbage\nmore\n" + calendarOf(event(2, "b")),
        " a b",
@@ -148,6 +152,8 @@ TEST_F(BrokenCalendarTest, WhatThePhoneHasNoPlaceForIsNamedOnceWithItsCount) {
           ": left out, for the phone's calendar has no place for it: 2 to-dos, 1 journal entry, 1 entry of "
           "another kind, 2 alarms, 2 attendees, 1 attachment, 1 description and 1 web address\n");
   EXPECT_EQ(warnings(write("plain.ics", calendarOf(event(1, "a", "TRANSP:OPAQUE\nCLASS:PUBLIC\n")))), "");
+  const std::string ended = "RRULE:RSCALE=gregorian;FREQ=DAILY;UNTIL=19990101\n";
+  EXPECT_EQ(warnings(write("ended.ics", calendarOf(event(1, "d", ended)))), "") << "the calendar is ours";
   write("dav/1.ics", calendarOf(event(1, "a", alarm)));
   write("dav/2.ics", calendarOf(event(2, "b", alarm)));
   EXPECT_EQ(

@@ -209,5 +209,18 @@ TEST_F(HostileCalendarTest, AZoneCannotKeepThePhoneBusy) {
   EXPECT_GE(count("2024-06-01 00:00:00", "2024-06-20 00:00:00"), 1u);
 }
 
+TEST_F(HostileCalendarTest, ThousandsOfZonesCannotEither) {
+  const std::string zone =
+      "BEGIN:VTIMEZONE\nTZID:Own#\nBEGIN:STANDARD\nDTSTART:16011025T030000\n"
+      "RRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=10\nTZOFFSETFROM:+0200\nTZOFFSETTO:+0100\nEND:STANDARD\n"
+      "BEGIN:DAYLIGHT\nDTSTART:16010329T020000\nRRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=3\n"
+      "TZOFFSETFROM:+0100\nTZOFFSETTO:+0200\nEND:DAYLIGHT\nEND:VTIMEZONE\n"
+      "BEGIN:VEVENT\nUID:#\nDTSTART;TZID=Own#:99990610T000000\nRRULE:FREQ=DAILY\nEND:VEVENT\n";
+  const std::clock_t begin = std::clock();
+  importCalendars(database(), {write("zones.ics", calendarOf(repeated(2'400, zone)))});
+  EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, kMaxTime);
+  EXPECT_GE(count("9999-06-11 00:00:00", "9999-06-11 23:00:00"), 1u);
+}
+
 }  // namespace
 }  // namespace phone
