@@ -136,5 +136,16 @@ TEST_F(ViewsTogether, WithoutAnyOnScreenAFlipIsForTheListBuiltLast) {
   EXPECT_EQ(flipWrites(), "b://");
 }
 
+TEST(FirstView, IsInUseAlsoWhenItAppearsBeforeThereIsAnItem) {
+  RecordingCalendar phone;
+  const auto event = phone.event("first://?o=1");
+  const auto first = phone.view(event.get());
+  RecordingCalendar::appear(first.get());
+  NSObject* const item = ownItem(first.get());
+  const auto other = phone.event("other://?o=1");
+  ownItem(phone.view(other.get()).get());
+  EXPECT_EQ(eventUriOf(item), "first://?o=1");
+}
+
 }  // namespace
 }  // namespace phone

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "phone/objc/class_definition.h"
 #include "phone/objc/hooking.h"
@@ -93,7 +94,8 @@ TEST(Images, RoundedCopyIsCutWithTheSquareOfTheRadius) {
   });
 }
 
-CGFloat scaleOfAnother(UIScreen*, SEL) { return 3; }
+CGFloat anotherScale = 3;
+CGFloat scaleOfAnother(UIScreen*, SEL) { return anotherScale; }
 UIScreen* anotherScreen(UIWindow*, SEL) {
   static UIScreen* const screen = objc::make<UIScreen, "AnotherScreen">().relinquish();
   return screen;
@@ -110,6 +112,10 @@ TEST(Images, RoundedCopyHasTheScaleOfTheWindowsScreen) {
   objc::Displaced<UIScreen*(UIWindow*, SEL)> displaced;
   hookMethod(objc::classNamed<"UIWindow">(), "screen", anotherScreen, displaced);
   EXPECT_EQ(rounded(image.get(), 3)->scale(), 3);
+  for (const CGFloat none : {CGFloat{0}, CGFloat{-1}, std::numeric_limits<CGFloat>::quiet_NaN()}) {
+    anotherScale = none;
+    EXPECT_EQ(rounded(image.get(), 3)->scale(), 1) << none;
+  }
 }
 
 TEST(Images, RadiusOfZeroGivesTheImageAndNoImageGivesNone) {
