@@ -15,13 +15,6 @@ namespace {
 
 NSString* deselectedKey() { return "LastDeselectedCalendars"_ns; }
 
-/// The Calendar app's list of switched-off calendars (borrowed from its preferences); none when there is
-/// none.
-NSMutableArray* deselected(NSDictionary* preferences) {
-  NSObject* const list = preferences->objectForKey(deselectedKey());
-  return list->isKindOfClass(objc::classNamed<"NSArray">()) ? static_cast<NSMutableArray*>(list) : nullptr;
-}
-
 /// The files as the plug-in reads them: none for one that is missing or unreadable.
 struct ChoiceFiles {
   NSDictionary* settings = NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kSettingsFile)));
@@ -52,13 +45,18 @@ bool contains(NSArray* list, const std::string& identifier) {
   return list != nullptr && list->indexOfObject(textObject(identifier)) != NSNotFound;
 }
 
+}  // namespace
+
 std::string colorText(std::uint32_t color) {
   std::array<char, 8> text{};
   std::snprintf(text.data(), text.size(), "#%06X", color >> 8);
   return text.data();
 }
 
-}  // namespace
+NSMutableArray* deselectedIn(NSDictionary* preferences) {
+  NSObject* const list = preferences->objectForKey(deselectedKey());
+  return list->isKindOfClass(objc::classNamed<"NSArray">()) ? static_cast<NSMutableArray*>(list) : nullptr;
+}
 
 std::vector<CalendarRecord> storedCalendars() {
   std::vector<CalendarRecord> records;
@@ -74,7 +72,7 @@ std::vector<CalendarChoice> calendarChoices() {
     CalendarChoice calendar{.identifier = record.identifier,
                             .title = record.title,
                             .color = colorText(record.color),
-                            .shown = !contains(deselected(files.calendarApp), record.identifier),
+                            .shown = !contains(deselectedIn(files.calendarApp), record.identifier),
                             .selected = contains(files.selection, record.identifier)};
     calendar.searched =
         search.whyNothing.empty() && (search.bySelection ? calendar.selected : calendar.shown);
@@ -85,7 +83,7 @@ std::vector<CalendarChoice> calendarChoices() {
 
 void setShown(const std::vector<std::string>& identifiers, bool shown) {
   const auto preferences = readDictionary(kCalendarAppPreferences);
-  NSMutableArray* list = deselected(preferences.get());
+  NSMutableArray* list = deselectedIn(preferences.get());
   if (list == nullptr) list = NSMutableArray::array();
   for (const std::string& identifier : identifiers) {
     NSString* const text = textObject(identifier);

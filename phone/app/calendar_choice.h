@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "phone/eventkit/calendar_database.h"
+#include "platform/foundation/ns_dictionary.h"
+#include "platform/foundation/ns_mutable_array.h"
 
 namespace phone {
 
@@ -36,6 +38,13 @@ std::vector<CalendarRecord> storedCalendars();
 std::vector<CalendarChoice> calendarChoices();
 
 LockScreenSearch lockScreenSearch();
+
+/// "#RRGGBB" of 0xRRGGBBAA.
+std::string colorText(std::uint32_t color);
+
+/// The Calendar app's list of switched-off calendars (borrowed from its preferences); none when there is
+/// none.
+NSMutableArray* deselectedIn(NSDictionary* preferences);
 
 /// Switches calendars on or off in the Calendar app; the rest of its preferences stays.
 void setShown(const std::vector<std::string>& identifiers, bool shown);

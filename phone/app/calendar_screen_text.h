@@ -7,7 +7,9 @@
 
 namespace phone {
 
+class TerminalStyle;
+
 /// A line for each row, with the position of its switch; groups are set apart by an empty line.
-std::string textOf(const CalendarScreen& screen);
+std::string textOf(const CalendarScreen& screen, const TerminalStyle& style);
 
 }  // namespace phone

@@ -6,6 +6,7 @@
 
 #include "phone/app/calendar_choice.h"
 #include "phone/app/printable.h"
+#include "phone/app/printed_json.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
 #include "phone/eventkit/calendar_lookup.h"
@@ -20,10 +21,11 @@ std::string describe(const LockScreenSearch& search) {
                             : "The lock screen goes by the Calendar app (onlySelectedCalendars is on).";
 }
 
-void listForPeople(const std::vector<CalendarChoice>& calendars) {
+void listForPeople(const std::vector<CalendarChoice>& calendars, const TerminalStyle& style) {
   for (const CalendarChoice& calendar : calendars) {
-    std::cout << printable(calendar.title) << "\n    " << calendar.color << "  " << calendar.identifier
-              << "\n    " << (calendar.shown ? "shown" : "hidden") << " in the Calendar app, "
+    std::cout << style.dot(calendar.color) << style.bold(printable(calendar.title)) << "\n    "
+              << style.dim(calendar.color + "  " + calendar.identifier) << "\n    "
+              << (calendar.shown ? "shown" : "hidden") << " in the Calendar app, "
               << (calendar.selected ? "" : "not ")
               << "selected for the lock screen: " << (calendar.searched ? "searched" : "not searched")
               << "\n";
@@ -45,7 +47,7 @@ void listAsJson(const std::vector<CalendarChoice>& calendars) {
                    {"isSelected", calendar.selected},
                    {"isSearched", calendar.searched}});
   }
-  std::cout << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  std::cout << printedJson(all);
 }
 
 std::vector<std::string> identifiersOf(const std::vector<std::string>& meant) {
@@ -109,11 +111,14 @@ void addCalendarsVerb(CLI::App& command, const Invocation& invocation) {
   list->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each calendar");
   list->callback([&invocation, arguments] {
     invocation.openPhone();
-    (arguments->json ? listAsJson : listForPeople)(calendarChoices());
+    const std::vector<CalendarChoice> choices = calendarChoices();
+    arguments->json ? listAsJson(choices) : listForPeople(choices, invocation.style());
   });
   addShownVerb(*calendars, invocation, arguments, true);
   addShownVerb(*calendars, invocation, arguments, false);
   addSelect(*calendars, invocation, arguments);
+  addCalendarsRenameVerb(*calendars, invocation);
+  addCalendarsRemoveVerb(*calendars, invocation);
 }
 
 }  // namespace phone

@@ -7,12 +7,13 @@
 
 #include "phone/app/hidden_events.h"
 #include "phone/app/host_arguments.h"
+#include "phone/app/listed_event.h"
 #include "phone/app/local_time.h"
 #include "phone/app/number_option.h"
 #include "phone/app/printable.h"
+#include "phone/app/printed_json.h"
 #include "phone/app/verbs.h"
 #include "phone/eventkit/event_query.h"
-#include "phone/eventkit/identifiers.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/foundation.h"
 #include "platform/foundation/ns_date.h"
@@ -27,13 +28,6 @@ struct Arguments {
   bool json = false;
 };
 
-struct ListedEvent {
-  EventOccurrence occurrence;
-  std::string identifier;
-  std::string calendar;
-  bool hidden;
-};
-
 std::vector<ListedEvent> comingEvents(double now, int days) {
   std::vector<ListedEvent> events;
   const HiddenEvents hiddenEvents;
@@ -45,49 +39,39 @@ std::vector<ListedEvent> comingEvents(double now, int days) {
       calendars.emplace(calendar.id, calendar);
       rows.push_back(calendar.id);
     }
-    for (EventOccurrence& occurrence :
-         occurrencesInRange(database, {start, start + days * kSecondsPerDay}, rows, phoneZone())) {
-      const CalendarRecord& calendar = calendars.at(occurrence.calendar);
-      std::string identifier = eventIdentifier(calendar.identifier, occurrence.uid, occurrence.replaces);
-      const bool hidden = hiddenEvents.contains(identifier);
-      events.push_back({std::move(occurrence), std::move(identifier), calendar.title, hidden});
+    const FoundOccurrences found =
+        occurrencesInRange(database, {start, start + days * kSecondsPerDay}, rows, phoneZone());
+    for (const std::string& omission : found.omissions) std::cerr << "note: " << omission << "\n";
+    for (const EventOccurrence& occurrence : found.occurrences) {
+      events.push_back(listedEvent(occurrence, calendars.at(occurrence.calendar), hiddenEvents));
     }
   });
   return events;
 }
 
-void listForPeople(const std::vector<ListedEvent>& events, double now, const cctz::time_zone& zone) {
+void listForPeople(const std::vector<ListedEvent>& events, double now, const cctz::time_zone& zone,
+                   const TerminalStyle& style) {
   for (const ListedEvent& event : events) {
     const EventOccurrence& occurrence = event.occurrence;
     std::cout << timeSpan(static_cast<double>(occurrence.start), static_cast<double>(occurrence.end),
                           occurrence.isAllDay, now, zone)
-              << "\n    " << printable(occurrence.title)
-              << (event.hidden ? "  (hidden from the lock screen)" : "") << "\n";
+              << "\n    " << style.bold(printable(occurrence.title))
+              << style.dim(event.isHidden ? "  (hidden from the lock screen)" : "") << "\n";
     if (occurrence.location && !occurrence.location->empty()) {
       std::cout << "    " << printable(*occurrence.location) << "\n";
     }
-    std::cout << "    " << printable(event.calendar) << (occurrence.repeats ? ", repeats" : "") << ", "
-              << event.identifier << "\n";
+    std::cout << "    " << style.dot(event.calendarColor)
+              << style.dim(printable(event.calendarTitle) + (occurrence.repeats ? ", repeats" : "") + ", " +
+                           event.identifier)
+              << "\n";
   }
   if (events.empty()) std::cout << "There are no events in these days.\n";
 }
 
 void listAsJson(const std::vector<ListedEvent>& events, const cctz::time_zone& zone) {
-  using Json = nlohmann::ordered_json;
-  Json all = Json::array();
-  for (const ListedEvent& event : events) {
-    const EventOccurrence& occurrence = event.occurrence;
-    all.push_back({{"identifier", event.identifier},
-                   {"title", occurrence.title},
-                   {"location", occurrence.location ? Json(*occurrence.location) : Json(nullptr)},
-                   {"start", isoTime(static_cast<double>(occurrence.start), zone)},
-                   {"end", isoTime(static_cast<double>(occurrence.end), zone)},
-                   {"allDay", occurrence.isAllDay},
-                   {"repeats", occurrence.repeats},
-                   {"calendar", event.calendar},
-                   {"isHidden", event.hidden}});
-  }
-  std::cout << all.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+  auto all = nlohmann::ordered_json::array();
+  for (const ListedEvent& event : events) all.push_back(jsonOf(event, zone));
+  std::cout << printedJson(all);
 }
 
 }  // namespace
@@ -106,7 +90,7 @@ void addEventListVerb(CLI::App& event, const Invocation& invocation) {
     const double now = NSDate::date()->timeIntervalSinceReferenceDate();
     const cctz::time_zone zone = zoneNamed(phoneZone().name());
     const auto events = comingEvents(now, arguments->days);
-    arguments->json ? listAsJson(events, zone) : listForPeople(events, now, zone);
+    arguments->json ? listAsJson(events, zone) : listForPeople(events, now, zone, invocation.style());
   });
 }
 

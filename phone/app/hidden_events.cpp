@@ -5,16 +5,25 @@
 
 namespace phone {
 
+namespace {
+
+/// All occurrences of an event share what stands before the occurrence's start in its address.
+std::string keyOf(const std::string& calendarIdentifier, const std::string& uid) {
+  const std::string address = externalAddress(calendarIdentifier, uid, 0);
+  return address.substr(0, address.find("?o="));
+}
+
+}  // namespace
+
+std::string hiddenKeyPrefix(const std::string& calendarIdentifier) { return keyOf(calendarIdentifier, ""); }
+
 HiddenEvents::HiddenEvents()
-    : store_(objc::Owned<NSDictionary>::retain(
-          NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kHiddenEventsFile))))) {}
+    : store_(objc::Owned<NSDictionary>::retain(readDictionary(kHiddenEventsFile).get())) {}
 
 bool HiddenEvents::contains(const std::string& eventIdentifier) const {
   const auto name = parseEventIdentifier(eventIdentifier);
   if (!name) return false;
-  // All occurrences of an event share what stands before the occurrence's start in its address.
-  const std::string address = externalAddress(name->calendarIdentifier, name->uid, 0);
-  return store_->objectForKey(textObject(address.substr(0, address.find("?o=")))) != nullptr;
+  return store_->objectForKey(textObject(keyOf(name->calendarIdentifier, name->uid))) != nullptr;
 }
 
 }  // namespace phone

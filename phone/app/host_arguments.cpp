@@ -8,10 +8,12 @@ namespace phone {
 
 void HostArguments::addOptionsTo(CLI::App& verb) {
   verb.add_option(
-      "--now", now,
-      "The phone's time: 2026-03-07T09:00 in its zone, or with Z or an offset; else the real time");
+          "--now", now,
+          "The phone's time: 2026-03-07T09:00 in its zone, or with Z or an offset; else the real time")
+      ->type_name("TIME");
   verb.add_option("--timezone", timeZone,
-                  "The phone's zone, such as Europe/Berlin; else the variable TZ, else the system's");
+                  "The phone's zone, such as Europe/Berlin; else the variable TZ, else the system's")
+      ->type_name("ZONE");
   verb.add_option("--ios", release, "The release of the phone's system")
       ->check(CLI::IsMember({"7.1", "8.1", "8.4", "9.3"}))
       ->capture_default_str();

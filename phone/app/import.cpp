@@ -7,6 +7,7 @@
 #include <memory>
 #include <unistd.h>
 
+#include "phone/app/done_in_part.h"
 #include "phone/app/printable.h"
 #include "phone/app/verbs.h"
 #include "phone/eventkit/store_connection.h"
@@ -49,11 +50,35 @@ std::string summary(const ImportedCalendar& imported) {
   return text.empty() ? "no events" : text;
 }
 
-ImportResult importWithProgress(const std::vector<std::filesystem::path>& paths, bool removeMissing) {
+struct Arguments {
+  std::vector<std::filesystem::path> paths;
+  bool removeMissing = false;
+  bool skipBroken = false;
+};
+
+ImportResult importWithProgress(const Arguments& arguments) {
   ProgressLine line;
-  return importCalendars(
-      sharedDatabaseForWriting(), paths,
-      {.removeMissing = removeMissing, .progress = [&line](const ImportProgress& now) { line.show(now); }});
+  try {
+    return importCalendars(sharedDatabaseForWriting(), arguments.paths,
+                           {.removeMissing = arguments.removeMissing,
+                            .skipBroken = arguments.skipBroken,
+                            .phoneZone = phoneZone(),
+                            .progress = [&line](const ImportProgress& now) { line.show(now); }});
+  } catch (const IcsError& error) {
+    if (arguments.skipBroken) throw;
+    throw std::runtime_error(std::string(error.what()) +
+                             "\n(nothing was imported; --skip-broken takes what can be read)");
+  }
+}
+
+void run(const Arguments& arguments) {
+  const ImportResult result = importWithProgress(arguments);
+  for (const std::string& warning : result.warnings) std::cerr << "warning: " << printable(warning) << "\n";
+  for (const std::string& broken : result.broken) std::cerr << "skipped: " << printable(broken) << "\n";
+  for (const ImportedCalendar& imported : result.calendars) {
+    std::cout << printable(imported.calendar.title) << ": " << summary(imported) << "\n";
+  }
+  if (result.brokenCount > 0) throw DoneInPart();
 }
 
 }  // namespace
@@ -61,11 +86,7 @@ ImportResult importWithProgress(const std::vector<std::filesystem::path>& paths,
 void addImportVerb(CLI::App& command, const Invocation& invocation) {
   CLI::App* const verb =
       addVerb(command, "import", "Bring calendars in, all that are named or, if one is broken, none",
-              "phone import ~/work.ics ~/.calendars/home");
-  struct Arguments {
-    std::vector<std::filesystem::path> paths;
-    bool removeMissing = false;
-  };
+              "phone import ~/work.ics ~/.calendars/home\n  phone import --skip-broken old.ics");
   const auto arguments = std::make_shared<Arguments>();
   verb->add_option("PATH", arguments->paths,
                    "An .ics file, or a folder of .ics files (one calendar, named and coloured by the files "
@@ -73,13 +94,13 @@ void addImportVerb(CLI::App& command, const Invocation& invocation) {
       ->required();
   verb->add_flag("--remove-missing", arguments->removeMissing,
                  "Remove the events of these calendars that came from a file once and are in none now");
+  verb->add_flag(
+      "--skip-broken", arguments->skipBroken,
+      "Take what can be read, list what is broken with its file and line, and end with exit code 3 "
+      "if there was any");
   verb->callback([&invocation, arguments] {
     invocation.openPhone();
-    const ImportResult result = importWithProgress(arguments->paths, arguments->removeMissing);
-    for (const std::string& warning : result.warnings) std::cerr << "warning: " << printable(warning) << "\n";
-    for (const ImportedCalendar& imported : result.calendars) {
-      std::cout << printable(imported.calendar.title) << ": " << summary(imported) << "\n";
-    }
+    run(*arguments);
   });
 }
 

@@ -19,10 +19,20 @@ std::string environment(const char* name) {
 }  // namespace
 
 void Invocation::addOptionsTo(CLI::App& command) {
-  command.add_option("--root", rootOption_,
-                     "The folder that stands for the phone's \"/\"; else $TAVIMO_PHONE, else ./phone-root");
-  command.add_option("--plugin", pluginOption_,
-                     "The plug-in to load; else $TAVIMO_PLUGIN, else the one built with this command");
+  command
+      .add_option("--root", rootOption_,
+                  "The folder that stands for the phone's \"/\"; else $TAVIMO_PHONE, else ./phone-root")
+      ->type_name("FOLDER");
+  command
+      .add_option("--plugin", pluginOption_,
+                  "The plug-in to load; else $TAVIMO_PLUGIN, else the one built with this command")
+      ->type_name("FILE");
+  command
+      .add_option("--color", colorOption_,
+                  "Bold titles and calendars' colours; auto: on a terminal, unless $NO_COLOR is set")
+      ->type_name("WHEN")
+      ->check(CLI::IsMember({"auto", "always", "never"}))
+      ->capture_default_str();
 }
 
 fs::path Invocation::rootName() const {
@@ -59,7 +69,7 @@ CLI::App* addVerb(CLI::App& command, const std::string& name, const std::string&
   CLI::App* const verb = command.add_subcommand(name, description);
   verb->fallthrough();
   verb->footer("Example:\n  " + example +
-               "\n\n--root and --plugin (see \"phone --help\") may stand here, too.");
+               "\n\n--root, --plugin and --color (see \"phone --help\") may stand here, too.");
   return verb;
 }
 

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include "phone/app/terminal_style.h"
+
 namespace CLI {
 class App;
 }
@@ -24,12 +26,16 @@ class Invocation {
   /// The plug-in's library: --plugin, else $TAVIMO_PLUGIN, else the one that was built with this command.
   std::filesystem::path plugin() const;
 
+  /// How the standard output is to look: --color.
+  TerminalStyle style() const { return TerminalStyle(colorOption_); }
+
   /// Starts Foundation for work on the phone's files; no host runs. Throws like root().
   void openPhone() const;
 
  private:
   std::string rootOption_;
   std::string pluginOption_;
+  std::string colorOption_ = "auto";
 };
 
 /// Adds a verb to the command (or to another verb) with an example at the end of its help. The verb takes the

@@ -1,52 +1,23 @@
 #include "phone/app/local_time.h"
 
-#include <array>
-#include <chrono>
-#include <cmath>
-
 #include "phone/app/wrong_use.h"
+#include "phone/eventkit/calendar_time.h"
+#include "phone/foundation/wall_clock.h"
 
 namespace phone {
 
 namespace {
 
-using Clock = std::chrono::system_clock;
-
-const Clock::time_point kReferenceDate = Clock::from_time_t(978'307'200);
-
-constexpr std::array<const char*, 7> kWeekdays{"Monday", "Tuesday",  "Wednesday", "Thursday",
-                                               "Friday", "Saturday", "Sunday"};
-constexpr std::array<const char*, 12> kMonths{"January",   "February", "March",    "April",
-                                              "May",       "June",     "July",     "August",
-                                              "September", "October",  "November", "December"};
-
-Clock::time_point timePoint(double time) {
-  return kReferenceDate + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(time));
-}
+using Microseconds = cctz::time_point<std::chrono::microseconds>;
 
 cctz::civil_second civil(double time, const cctz::time_zone& zone) {
-  // Rounded down: the last second of a day still belongs to it.
-  return cctz::convert(timePoint(std::floor(time)), zone);
-}
-
-std::string weekday(const cctz::civil_second& time) {
-  return kWeekdays.at(static_cast<std::size_t>(cctz::get_weekday(cctz::civil_day(time))));
-}
-
-std::string month(const cctz::civil_second& time) {
-  return kMonths.at(static_cast<std::size_t>(time.month() - 1));
-}
-
-std::string twoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
-
-std::string clockTime(const cctz::civil_second& time) {
-  return twoDigits(time.hour()) + ":" + twoDigits(time.minute());
+  return cctz::convert(wholeSeconds(time), zone);
 }
 
 /// "Sat 7 Mar", with the year where it differs.
 std::string shortDay(const cctz::civil_second& time, const cctz::civil_second& now) {
   std::string day =
-      weekday(time).substr(0, 3) + " " + std::to_string(time.day()) + " " + month(time).substr(0, 3);
+      weekdayName(time).substr(0, 3) + " " + std::to_string(time.day()) + " " + monthName(time).substr(0, 3);
   if (time.year() != now.year()) day += " " + std::to_string(time.year());
   return day;
 }
@@ -66,9 +37,13 @@ double parseTime(const std::string& text, const cctz::time_zone& zone) {
   for (const char* day :
        {"%Y-%m-%d", "%Y-%m-%dT%H:%M", "%Y-%m-%dT%H:%M:%E*S", "%Y-%m-%d %H:%M", "%Y-%m-%d %H:%M:%E*S"}) {
     for (const char* offset : {"", "%Ez"}) {
-      std::chrono::time_point<Clock, std::chrono::microseconds> time;
+      Microseconds time;
       if (!cctz::parse(std::string(day) + offset, text, zone, &time)) continue;
-      return std::chrono::duration<double>(time - kReferenceDate).count();
+      const double seconds = std::chrono::duration<double>(time - wholeSeconds(0)).count();
+      const auto year = civil(seconds, zone).year();
+      if (year >= kFirstYear && year <= kLastYear) return seconds;
+      throw WrongUse("\"" + text + "\" lies outside the years " + std::to_string(kFirstYear) + " to " +
+                     std::to_string(kLastYear) + ", which are all that the calendar has");
     }
   }
   throw WrongUse(
@@ -78,13 +53,16 @@ double parseTime(const std::string& text, const cctz::time_zone& zone) {
 }
 
 std::string isoTime(double time, const cctz::time_zone& zone) {
-  return cctz::format("%Y-%m-%dT%H:%M:%S%Ez", timePoint(std::floor(time)), zone);
+  const WholeSeconds moment = wholeSeconds(time);
+  // Before there were zones, clocks went by the sun, to the second.
+  const bool hasSeconds = zone.lookup(moment).offset % 60 != 0;
+  return cctz::format(hasSeconds ? "%E4Y-%m-%dT%H:%M:%S%E*z" : "%E4Y-%m-%dT%H:%M:%S%Ez", moment, zone);
 }
 
 std::string longTime(double time, const cctz::time_zone& zone) {
   const cctz::civil_second at = civil(time, zone);
-  return weekday(at) + " " + std::to_string(at.day()) + " " + month(at) + " " + std::to_string(at.year()) +
-         ", " + clockTime(at);
+  return weekdayName(at) + " " + std::to_string(at.day()) + " " + monthName(at) + " " +
+         std::to_string(at.year()) + ", " + clockText(at);
 }
 
 std::string timeSpan(double start, double end, bool allDay, double now, const cctz::time_zone& zone) {
@@ -94,9 +72,9 @@ std::string timeSpan(double start, double end, bool allDay, double now, const cc
   const bool oneDay = cctz::civil_day(from) == cctz::civil_day(to) || to < from;
   const std::string firstDay = shortDay(from, present);
   if (allDay) return firstDay + (oneDay ? "" : " - " + shortDay(to, present)) + ", all day";
-  std::string begin = firstDay + ", " + clockTime(from);
+  std::string begin = firstDay + ", " + clockText(from);
   if (to <= from) return begin;
-  return begin + " - " + (oneDay ? "" : shortDay(to, present) + ", ") + clockTime(to);
+  return begin + " - " + (oneDay ? "" : shortDay(to, present) + ", ") + clockText(to);
 }
 
 }  // namespace phone

@@ -5,6 +5,8 @@
 
 #include "phone/app/local_time.h"
 #include "phone/app/printable.h"
+#include "phone/app/printed_json.h"
+#include "phone/app/terminal_style.h"
 
 namespace phone {
 
@@ -20,10 +22,11 @@ std::string actionText(const std::string& url, const std::string& bundleID) {
   return "only unlocks";
 }
 
-void printRow(const LockScreenReport& report, const ListRow& row, std::size_t number, std::ostream& out) {
+void printRow(const LockScreenReport& report, const ListRow& row, std::size_t number,
+              const TerminalStyle& style, std::ostream& out) {
   const std::string label = std::to_string(number);
   const std::string indent(label.size() + 2, ' ');
-  out << label << "  " << printable(row.title) << "\n";
+  out << label << "  " << style.bold(printable(row.title)) << "\n";
   if (!row.subtitle.empty()) out << indent << printable(row.subtitle) << "\n";
   if (!isEventRow(row) && !row.message.empty()) out << indent << printable(row.message) << "\n";
   if (row.date) {
@@ -31,9 +34,10 @@ void printRow(const LockScreenReport& report, const ListRow& row, std::size_t nu
         << timeSpan(*row.date, row.endDate.value_or(*row.date), row.isAllDay, report.now, report.zone)
         << "\n";
   }
-  out << indent << (row.identifier.empty() ? row.itemClass : printable(row.identifier));
-  if (isEventRow(row)) out << ", calendar colour " << calendarColorOf(row);
-  out << ", " << actionText(row.launchURL, row.launchBundleID) << "\n\n";
+  std::string details = row.identifier.empty() ? row.itemClass : printable(row.identifier);
+  if (isEventRow(row)) details += ", calendar colour " + calendarColorOf(row);
+  details += ", " + actionText(row.launchURL, row.launchBundleID);
+  out << indent << style.dot(calendarColorOf(row)) << style.dim(details) << "\n\n";
 }
 
 /// "3 events, 1 other".
@@ -84,10 +88,10 @@ std::string calendarColorOf(const ListRow& row) {
   return row.message.substr(kColorTag.size());
 }
 
-void printText(const LockScreenReport& report, std::ostream& out) {
+void printText(const LockScreenReport& report, const TerminalStyle& style, std::ostream& out) {
   out << longTime(report.now, report.zone) << " (" << report.zone.name() << "), iOS " << report.release
       << (report.nowPlaying ? ", Now Playing" : "") << "\n\n";
-  for (std::size_t i = 0; i < report.rows.size(); ++i) printRow(report, report.rows[i], i + 1, out);
+  for (std::size_t i = 0; i < report.rows.size(); ++i) printRow(report, report.rows[i], i + 1, style, out);
   out << summary(report.rows) << "\n";
   if (report.wake) {
     out << "\"" << printable(report.wake->title) << "\" "
@@ -116,7 +120,7 @@ void printJson(const LockScreenReport& report, std::ostream& out) {
     json["tap"] = {{"item", report.tap->row}, {"action", actionJson(report.tap->url, report.tap->bundleID)}};
   }
   if (report.log) json["log"] = *report.log;
-  out << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+  out << printedJson(json);
 }
 
 }  // namespace phone

@@ -11,6 +11,8 @@
 
 namespace phone {
 
+class TerminalStyle;
+
 /// Times are seconds since 1 January 2001 UTC.
 struct LockScreenReport {
   std::string release = {};
@@ -36,7 +38,7 @@ struct LockScreenReport {
   std::optional<std::vector<std::string>> log = std::nullopt;
 };
 
-void printText(const LockScreenReport& report, std::ostream& out);
+void printText(const LockScreenReport& report, const TerminalStyle& style, std::ostream& out);
 void printJson(const LockScreenReport& report, std::ostream& out);
 
 /// Whether the plug-in made the row.

@@ -13,6 +13,7 @@
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/springboard/home_screen.h"
 #include "platform/foundation/ns_date.h"
@@ -104,6 +105,7 @@ void run(const Arguments& arguments, const Invocation& invocation) {
   // The plug-in shows what it has and says nothing; a list that lacks events for that reason is no answer
   // here.
   if (!firstStoreProblem().empty()) throw std::runtime_error(firstStoreProblem());
+  requireNoFileProblem();
   if (arguments.scroll > 0) home.scrollTo(rowIndex(arguments.scroll, report.rows));
   if (arguments.picture.isWanted()) arguments.picture.write(home.picture());
   if (arguments.tap > 0) {
@@ -111,8 +113,12 @@ void run(const Arguments& arguments, const Invocation& invocation) {
     report.tap = {.row = arguments.tap, .url = launch.url, .bundleID = launch.bundleID};
   }
   if (arguments.log) report.log = logLines();
-  (arguments.json ? printJson : printText)(report, arguments.picture.text());
-  if (!arguments.json) std::cerr << "loaded in " << std::round(loadTime.count() * 10) / 10 << " ms\n";
+  if (arguments.json) {
+    printJson(report, arguments.picture.text());
+  } else {
+    printText(report, invocation.style(), arguments.picture.text());
+    std::cerr << "loaded in " << std::round(loadTime.count() * 10) / 10 << " ms\n";
+  }
 }
 
 void addLookOptions(CLI::App& verb, Arguments& arguments) {
@@ -124,7 +130,8 @@ void addLookOptions(CLI::App& verb, Arguments& arguments) {
       3);
   verb.add_option("--size", arguments.size, "The screen's size in points, WIDTHxHEIGHT")
       ->capture_default_str();
-  verb.add_option("--wallpaper", arguments.wallpaper, "A PNG or JPEG file to lie behind everything");
+  verb.add_option("--wallpaper", arguments.wallpaper, "A PNG or JPEG file to lie behind everything")
+      ->type_name("FILE");
 }
 
 void addDeedOptions(CLI::App& verb, Arguments& arguments) {

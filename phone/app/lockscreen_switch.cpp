@@ -5,6 +5,7 @@
 #include "phone/app/hidden_events.h"
 #include "phone/app/phone_files.h"
 #include "phone/calendarui/calendar_process.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/foundation/phone_root.h"
 #include "phone/uikit/ui_alert_view.h"
 
@@ -17,9 +18,17 @@ void showOnLockscreen(CalendarProcess& calendar, const std::string& eventIdentif
 }
 
 void requireChoiceKept(const std::string& eventIdentifier, bool shown) {
-  if (HiddenEvents().contains(eventIdentifier) != shown) return;
-  throw std::runtime_error("the choice was not kept: " + pathOnThisMachine(kHiddenEventsFile).string() +
-                           " could not be written; check the folder's permissions and the space on the disk");
+  constexpr const char* kAdvice = "; check the folder's permissions and the space on the disk";
+  try {
+    if (HiddenEvents().contains(eventIdentifier) != shown) return;
+  } catch (const std::runtime_error& error) {
+    const std::string reason = fileProblems().empty() ? error.what() : fileProblems().back();
+    throw std::runtime_error("the choice may not have been kept: " + reason + kAdvice);
+  }
+  const std::string reason = fileProblems().empty()
+                                 ? pathOnThisMachine(kHiddenEventsFile).string() + " could not be written"
+                                 : fileProblems().back();
+  throw std::runtime_error("the choice was not kept: " + reason + kAdvice);
 }
 
 void closeEditor(CalendarProcess& calendar, EKEventEditor* editor, EditAction action) {

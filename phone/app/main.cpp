@@ -1,13 +1,18 @@
 // The `phone` command: makes, fills, sets up and looks at a stand-in phone. This file parses and turns errors
-// into exit codes: 0 done, 1 could not do it, 2 wrong use.
+// into exit codes: 0 done, 1 could not do it, 2 wrong use, 3 done in part.
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <iostream>
+#include <new>
 
-#include "phone/app/parse_words.h"
+#include "phone/app/done_in_part.h"
 #include "phone/app/printable.h"
 #include "phone/app/process_start.h"
+#include "phone/app/refusal.h"
 #include "phone/app/verbs.h"
+#include "phone/app/version.h"
 #include "phone/app/wrong_use.h"
+#include "phone/foundation/file_problems.h"
 #include "platform/foundation/autorelease_pool.h"
 
 namespace phone {
@@ -16,44 +21,21 @@ namespace {
 
 constexpr int kCouldNotDoIt = 1;
 constexpr int kWrongUse = 2;
-
-/// The verb as far as it was understood, such as `settings set` of `phone settings set`.
-const CLI::App* innermostVerb(const CLI::App* command) {
-  while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
-  return command;
-}
-
-/// "phone settings set", as far as the verbs were understood.
-std::string spokenSoFar(const CLI::App* command) {
-  std::string words;
-  for (const CLI::App* verb = innermostVerb(command); verb != nullptr; verb = verb->get_parent()) {
-    words = verb->get_name() + (words.empty() ? "" : " " + words);
-  }
-  return words;
-}
-
-/// What there is to say instead of the parser's own words for a verb that is missing or unknown.
-std::string missingVerb(const CLI::App& command) {
-  std::string verbs;
-  for (const CLI::App* verb : innermostVerb(&command)->get_subcommands({})) {
-    verbs += (verbs.empty() ? "" : ", ") + verb->get_name();
-  }
-  const std::vector<std::string> unknown = command.remaining(true);
-  const std::string problem =
-      unknown.empty() ? "say what to do" : "there is no \"" + unknown.front() + "\" here";
-  return problem + "; choose one of " + verbs;
-}
-
-std::string reasonOf(const CLI::App& command, const CLI::ParseError& error) {
-  const bool needsVerb = !innermostVerb(&command)->get_subcommands({}).empty();
-  return needsVerb && error.get_name() == "RequiredError" ? missingVerb(command) : inWords(error);
-}
+constexpr int kDoneInPart = 3;
 
 int refuse(const CLI::App& command, const std::string& reason) {
-  const std::string words = spokenSoFar(&command);
+  const std::string words = spokenSoFar(command);
   std::cerr << words << ": " << printableLines(reason) << "\n(\"" << words
             << " --help\" shows how it is used)\n";
   return kWrongUse;
+}
+
+/// What a host or the plug-in could not read or write, and took without a word, as they do on a phone.
+bool tellFileProblems(const CLI::App& command) {
+  for (const std::string& problem : fileProblems()) {
+    std::cerr << spokenSoFar(command) << ": " << printableLines(problem) << "\n";
+  }
+  return !fileProblems().empty();
 }
 
 int run(int argc, char** argv) {
@@ -62,18 +44,24 @@ int run(int argc, char** argv) {
   command.footer(
       "Example:\n  phone create\n  phone import ~/calendars/work.ics\n  phone settings set displayLocation "
       "on\n"
-      "  phone lockscreen\n\nExit codes: 0 done, 1 could not do it, 2 wrong use.");
+      "  phone lockscreen\n\nExit codes: 0 done, 1 could not do it, 2 wrong use, 3 done in part (import "
+      "--skip-broken).");
+  command.set_version_flag("--version", std::string("phone (Tavimo) ") + kVersion,
+                           "Print the version and exit");
   command.require_subcommand(1);
   Invocation invocation;
   invocation.addOptionsTo(command);
   addCreateVerb(command, invocation);
   addImportVerb(command, invocation);
+  addExportVerb(command, invocation);
   addLockscreenVerb(command, invocation);
   addCalendarsVerb(command, invocation);
   addHideVerbs(command, invocation);
   addEventVerb(command, invocation);
   addSettingsVerb(command, invocation);
   addOrderVerb(command, invocation);
+  addCompletionVerbs(command, invocation);
+  addHelpVerb(command);
   try {
     command.parse(argc, argv);
   } catch (const CLI::Success& help) {
@@ -82,20 +70,26 @@ int run(int argc, char** argv) {
     return refuse(command, reasonOf(command, error));
   } catch (const WrongUse& error) {
     return refuse(command, error.what());
+  } catch (const DoneInPart&) {
+    return kDoneInPart;
   } catch (const std::exception& error) {
-    std::cerr << spokenSoFar(&command) << ": " << printableLines(describeError(error)) << "\n";
+    std::cerr << spokenSoFar(command) << ": " << printableLines(describeError(error)) << "\n";
     return kCouldNotDoIt;
   }
-  return 0;
+  return tellFileProblems(command) ? kCouldNotDoIt : 0;
 }
 
 }  // namespace
 
 }  // namespace phone
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   phone::prepareStreams();
   if (const int code = phone::refuseBrokenTexts(argc, argv); code != 0) return code;
   const AutoreleasePool pool;
   return phone::finishOutput(phone::run(argc, argv));
+} catch (const std::bad_alloc&) {
+  // Without the verb's name, which would need memory.
+  std::fputs("phone: there is not enough memory\n", stderr);
+  return phone::kCouldNotDoIt;
 }

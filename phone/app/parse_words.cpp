@@ -18,7 +18,7 @@ std::string behind(const std::string& text, const std::string& mark) {
 }  // namespace
 
 std::string inWords(const CLI::ParseError& error) {
-  const std::string text = error.what();
+  std::string text = error.what();
   // By its code: the parser files some of them under the name of a verb.
   const auto is = [&error](CLI::ExitCodes code) { return error.get_exit_code() == static_cast<int>(code); };
   if (is(CLI::ExitCodes::ArgumentMismatch)) {

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <new>
 #include <system_error>
 
 namespace phone {
@@ -28,6 +29,23 @@ std::vector<fs::path> missingFolders(fs::path folder) {
   return missing;
 }
 
+/// Whatever is not to be removed stays; there is nobody to tell. To list what is in a folder takes memory, of
+/// which a moment later there may be enough.
+void removeWhole(const fs::path& entry) {
+  constexpr int kMaxTries = 3;
+  for (int tries = 0; tries < kMaxTries; ++tries) {
+    try {
+      std::error_code error;
+      do {
+        fs::remove_all(entry, error);
+      } while (error == std::errc::interrupted);
+      return;
+    } catch (const std::bad_alloc&) {
+      continue;
+    }
+  }
+}
+
 }  // namespace
 
 PhoneInTheMaking::PhoneInTheMaking(fs::path root) : root_(std::move(root)) {
@@ -46,19 +64,25 @@ PhoneInTheMaking::PhoneInTheMaking(fs::path root) : root_(std::move(root)) {
 PhoneInTheMaking::~PhoneInTheMaking() { takeAway(); }
 
 void PhoneInTheMaking::finish(const std::vector<std::string>& names) {
+  // Once something is in its place, noting that takes no memory any more.
+  moved_.reserve(names.size());
   for (const std::string& name : names) {
-    fs::rename(workshop_ / name, root_ / name);
-    moved_.push_back(root_ / name);
+    fs::path place = root_ / name;
+    fs::rename(workshop_ / name, place);
+    moved_.push_back(std::move(place));
   }
   moved_.clear();
   madeFolders_.clear();
+  // The workshop is empty now, and an empty folder goes without any memory.
+  std::error_code error;
+  if (fs::remove(workshop_, error)) workshop_.clear();
 }
 
 void PhoneInTheMaking::takeAway() {
-  std::error_code ignored;
-  for (const fs::path& entry : moved_) fs::remove_all(entry, ignored);
-  if (!workshop_.empty()) fs::remove_all(workshop_, ignored);
+  for (const fs::path& entry : moved_) removeWhole(entry);
+  if (!workshop_.empty()) removeWhole(workshop_);
   // Only what is empty goes: another process may have put something beside.
+  std::error_code ignored;
   for (auto folder = madeFolders_.rbegin(); folder != madeFolders_.rend(); ++folder) {
     fs::remove(*folder, ignored);
   }

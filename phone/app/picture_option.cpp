@@ -26,6 +26,7 @@ bool isStandardOutput(const std::string& name) {
 void PictureOption::addTo(CLI::App& verb, const std::string& what) {
   verb.add_option("--png", name_,
                   what + "; - is the standard output, and the text then goes to the standard error")
+      ->type_name("FILE")
       ->check([](const std::string& name) -> std::string {
         if (name.empty()) return "the file has no name";
         return name == "-" && isatty(STDOUT_FILENO) != 0

@@ -1,11 +1,12 @@
 // phone settings: the plug-in's settings file, explained and checked.
 #include <CLI/CLI.hpp>
-#include <iomanip>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 
 #include "phone/app/phone_files.h"
+#include "phone/app/printed_json.h"
 #include "phone/app/settings_value.h"
 #include "phone/app/verbs.h"
 #include "phone/app/wrong_use.h"
@@ -15,15 +16,18 @@ namespace phone {
 
 namespace {
 
-void listForPeople(NSDictionary* file) {
+void listForPeople(NSDictionary* file, const TerminalStyle& style) {
   for (const Setting& setting : settingsTable()) {
     const SettingValue value = settingValue(setting, file);
     const std::string fallback = setting.fallback.empty() ? "nothing" : std::string(setting.fallback);
-    std::cout << std::left << std::setw(24) << setting.key << " "
-              << (value.inEffect.empty() ? "(nothing)" : value.inEffect) << (value.set ? "" : "  (default)")
-              << "\n"
+    const std::string key(setting.key);
+    constexpr std::size_t kKeyWidth = 24;
+    std::cout << style.bold(key) << std::string(kKeyWidth - std::min(key.size(), kKeyWidth), ' ') << " "
+              << (value.inEffect.empty() ? "(nothing)" : value.inEffect)
+              << style.dim(value.set ? "" : "  (default)") << "\n"
               << "    " << setting.meaning << "\n"
-              << "    " << typeOf(setting) << ": " << rangeOf(setting) << "; default: " << fallback << "\n";
+              << "    " << style.dim(typeOf(setting) + ": " + rangeOf(setting) + "; default: " + fallback)
+              << "\n";
     if (!value.strayContent.empty()) {
       std::cout << "    the file has: " << value.strayContent << "\n";
     }
@@ -42,7 +46,7 @@ void listAsJson(NSDictionary* file) {
                    {"default", setting.fallback},
                    {"meaning", setting.meaning}});
   }
-  std::cout << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+  std::cout << printedJson(all);
 }
 
 void warnAboutMissingIcon(const Setting& setting, const std::string& value) {
@@ -85,7 +89,7 @@ void addList(CLI::App& settings, const Invocation& invocation, const std::shared
   verb->callback([&invocation, arguments] {
     invocation.openPhone();
     const auto file = readDictionary(kSettingsFile);
-    arguments->json ? listAsJson(file.get()) : listForPeople(file.get());
+    arguments->json ? listAsJson(file.get()) : listForPeople(file.get(), invocation.style());
   });
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "phone/app/spelling.h"
 #include "phone/app/wrong_use.h"
 
 namespace phone {
@@ -94,12 +95,6 @@ constexpr std::array<Setting, 21> kSettings{{
      .meaning = "The events' icon: an image, a dot in the calendar's colour, or nothing"},
 }};
 
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), [](unsigned char c) { return std::tolower(c); });
-  return lower;
-}
-
 }  // namespace
 
 std::span<const Setting> settingsTable() { return kSettings; }
@@ -108,13 +103,12 @@ const Setting& settingNamed(const std::string& key) {
   for (const Setting& setting : kSettings) {
     if (setting.key == key) return setting;
   }
-  const std::string wanted = lowerCase(key);
-  for (const Setting& setting : kSettings) {
-    if (lowerCase(setting.key) == wanted) {
-      throw WrongUse("there is no setting \"" + key + "\"; did you mean " + std::string(setting.key) + "?");
-    }
-  }
-  throw WrongUse("there is no setting \"" + key + "\"; \"phone settings list\" shows all");
+  std::vector<std::string> keys;
+  keys.reserve(kSettings.size());
+  for (const Setting& setting : kSettings) keys.emplace_back(setting.key);
+  const std::string meant = didYouMean(key, keys);
+  throw WrongUse("there is no setting \"" + key + "\"" +
+                 (meant.empty() ? "; \"phone settings list\" shows all" : meant));
 }
 
 std::string typeOf(const Setting& setting) {

@@ -7,12 +7,19 @@ namespace phone {
 
 void addCreateVerb(CLI::App& command, const Invocation& invocation);
 void addImportVerb(CLI::App& command, const Invocation& invocation);
+void addExportVerb(CLI::App& command, const Invocation& invocation);
 void addLockscreenVerb(CLI::App& command, const Invocation& invocation);
 void addCalendarsVerb(CLI::App& command, const Invocation& invocation);
 void addHideVerbs(CLI::App& command, const Invocation& invocation);
 void addEventVerb(CLI::App& command, const Invocation& invocation);
 void addSettingsVerb(CLI::App& command, const Invocation& invocation);
 void addOrderVerb(CLI::App& command, const Invocation& invocation);
+void addCompletionVerbs(CLI::App& command, const Invocation& invocation);
+void addHelpVerb(CLI::App& command);
+
+/// The verbs below `phone calendars` that change calendars.
+void addCalendarsRenameVerb(CLI::App& calendars, const Invocation& invocation);
+void addCalendarsRemoveVerb(CLI::App& calendars, const Invocation& invocation);
 
 /// The verbs below `phone event`.
 void addEventListVerb(CLI::App& event, const Invocation& invocation);

@@ -13,6 +13,8 @@
 #include "phone/uikit/ui_switch.h"
 #include "phone/uikit/uikit.h"
 #include "platform/eventkit/ek_event.h"
+#include "platform/foundation/ns_array.h"
+#include "platform/foundation/ns_date.h"
 
 namespace phone {
 
@@ -38,9 +40,10 @@ ScreenBar barOf(UIViewController* controller) {
   return {"Edit Event", "Cancel", "Done", "Delete Event"};
 }
 
-/// Borrowed. Throws std::runtime_error when there is none.
+/// Borrowed. Throws std::runtime_error when there is none, or when the calendar cannot be read.
 EKEvent* findEvent(EKEventStore* store, const std::string& identifier) {
   EKEvent* const event = store->eventWithIdentifier(NSString::stringWithUTF8String(identifier.c_str()));
+  if (event == nullptr && !calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
   if (event == nullptr) throw std::runtime_error("there is no event \"" + identifier + "\"");
   return event;
 }
@@ -71,7 +74,26 @@ EKEventViewController* CalendarProcess::frontView() const {
 
 EKEventViewController* CalendarProcess::openEvent(const std::string& identifier) {
   const AutoreleasePool pool;
-  auto view = makeEventViewController(findEvent(store(), identifier), store());
+  return show(findEvent(store(), identifier));
+}
+
+EKEventViewController* CalendarProcess::openOccurrence(const std::string& identifier, double start) {
+  const AutoreleasePool pool;
+  // An identifier alone means the first occurrence; a search of the moment finds the one that starts then.
+  NSArray* const found = store()->eventsMatchingPredicate(
+      store()->predicateForEvents(NSDate::dateWithTimeIntervalSinceReferenceDate(start),
+                                  NSDate::dateWithTimeIntervalSinceReferenceDate(start + 1), nullptr));
+  for (NSUInteger i = 0; i < found->count(); ++i) {
+    auto* const event = static_cast<EKEvent*>(found->objectAtIndex(i));
+    const bool isMeant = event->eventIdentifier()->UTF8String() == identifier &&
+                         event->startDate()->timeIntervalSinceReferenceDate() == start;
+    if (isMeant) return show(event);
+  }
+  return show(findEvent(store(), identifier));
+}
+
+EKEventViewController* CalendarProcess::show(EKEvent* event) {
+  auto view = makeEventViewController(event, store());
   disappear(frontView());
   views_.push_back(std::move(view));
   appear(frontView());
@@ -129,16 +151,23 @@ bool CalendarProcess::close(EKEventEditor* editor, EditAction action) {
   const OpenEditor closed = std::move(*place);
   editors_.erase(place);
   disappear(editor);
-  if (closed.coveredView != nullptr) uncover(closed.coveredView);
+  const bool isDeleted = action == EditAction::kDeleted;
+  if (isDeleted) {
+    if (closed.coveredView == nullptr) disappear(frontView());
+    dropViewsOfDeletedEvents();
+  }
+  if (isDeleted || closed.coveredView != nullptr) appear(frontView());
   return true;
 }
 
-void CalendarProcess::uncover(EKEventViewController* view) {
-  // A view whose event was deleted has nothing left to show.
-  if (!hasEvent(view)) {
-    std::erase_if(views_, [view](const auto& each) { return each.get() == view; });
-  }
-  appear(frontView());
+void CalendarProcess::dropViewsOfDeletedEvents() {
+  // The event may be shown more than once, and a series is deleted together with its changed repetitions.
+  const auto isGone = [this](const objc::Owned<EKEventViewController>& view) {
+    return !hasEvent(view.get()) ||
+           (store()->eventWithIdentifier(view->event()->eventIdentifier()) == nullptr &&
+            calendarStoreProblem().empty());
+  };
+  std::erase_if(views_, isGone);
 }
 
 CalendarScreen CalendarProcess::screenOf(UIViewController* controller) const {

@@ -34,6 +34,8 @@ class CalendarProcess {
   /// Shows an event; the view that was in front disappears below it. Throws std::runtime_error when there is
   /// no event of that identifier.
   EKEventViewController* openEvent(const std::string& identifier);
+  /// The same for the occurrence of a repeating event that starts then (seconds since 1 January 2001 UTC).
+  EKEventViewController* openOccurrence(const std::string& identifier, double start);
   /// Leaves the event view in front; the one below it comes back. Does nothing without one.
   void goBack();
   /// The event view in front, or none.
@@ -71,8 +73,9 @@ class CalendarProcess {
   };
 
   CalendarProcess();
+  EKEventViewController* show(EKEvent* event);
   EKEventEditor* open(EKEvent* event, EKEventViewController* coveredView, bool isNew);
-  void uncover(EKEventViewController* view);
+  void dropViewsOfDeletedEvents();
 
   AutoreleasePool pool_;
   objc::Owned<EKEventStore> store_;

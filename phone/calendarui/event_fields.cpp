@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "phone/eventkit/calendar_lookup.h"
+#include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/store_connection.h"
 #include "platform/eventkit/ek_calendar.h"
 #include "platform/eventkit/ek_event.h"
@@ -54,7 +55,9 @@ void enterFields(EKEvent* event, EKEventStore* store, const EventFields& fields)
 EKEvent* makeNewEvent(EKEventStore* store) {
   constexpr double kHour = 3600;
   // A phone into which nothing was imported has a calendar of its own all the same.
-  if (store->calendars()->count() == 0) sharedDatabaseForWriting().calendarNamed("Calendar", std::nullopt);
+  const bool hasCalendars = store->calendars()->count() > 0;
+  if (!calendarStoreProblem().empty()) throw std::runtime_error(calendarStoreProblem());
+  if (!hasCalendars) sharedDatabaseForWriting().calendarNamed("Calendar", std::nullopt);
   EKEvent* const event = EKEvent::eventWithEventStore(store);
   const double start = std::ceil(NSDate::date()->timeIntervalSinceReferenceDate() / kHour) * kHour;
   event->setStartDate(dateAt(start));

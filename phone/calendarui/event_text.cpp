@@ -1,33 +1,36 @@
 #include "phone/calendarui/event_text.h"
 
+#include <cstdio>
+
+#include "phone/foundation/wall_clock.h"
 #include "platform/eventkit/ek_event.h"
-#include "platform/foundation/literal.h"
 #include "platform/foundation/ns_date.h"
-#include "platform/objc/owned.h"
 
 namespace phone {
 
 namespace {
 
-std::string formatted(NSDate* date, NSString* format) {
-  if (date == nullptr) return {};
-  const auto formatter = objc::make<NSObject, "NSDateFormatter">();
-  // The screens are in English whatever language the machine speaks.
-  const auto locale = objc::makeWith<NSObject, "NSLocale", "initWithLocaleIdentifier:">("en_US"_ns);
-  objc::send<"setLocale:">(formatter.get(), locale.get());
-  objc::send<"setDateFormat:">(formatter.get(), format);
-  const char* const text = objc::send<"stringFromDate:", NSString*>(formatter.get(), date)->UTF8String();
-  return text == nullptr ? "" : text;
-}
+std::string timeText(NSDate* date) { return date == nullptr ? "" : clockText(wallClockAt(date)); }
 
-std::string timeText(NSDate* date) { return formatted(date, "HH:mm"_ns); }
+/// "Mar 7, 2014"
+std::string dateText(const cctz::civil_second& time) {
+  char year[24];
+  std::snprintf(year, sizeof year, "%04lld", static_cast<long long>(time.year()));
+  return monthName(time).substr(0, 3) + " " + std::to_string(time.day()) + ", " + year;
+}
 
 }  // namespace
 
-std::string dayText(NSDate* date) { return formatted(date, "EEEE, MMM d, yyyy"_ns); }
+std::string dayText(NSDate* date) {
+  if (date == nullptr) return {};
+  const cctz::civil_second time = wallClockAt(date);
+  return weekdayName(time) + ", " + dateText(time);
+}
 
 std::string momentText(NSDate* date, bool allDay) {
-  return formatted(date, allDay ? "EEE, MMM d, yyyy"_ns : "EEE, MMM d, yyyy  HH:mm"_ns);
+  if (date == nullptr) return {};
+  const cctz::civil_second time = wallClockAt(date);
+  return weekdayName(time).substr(0, 3) + ", " + dateText(time) + (allDay ? "" : "  " + clockText(time));
 }
 
 std::vector<std::string> spanLines(EKEvent* event) {

@@ -3,6 +3,7 @@
 #include "phone/eventkit/calendar_color.h"
 #include "phone/eventkit/identifiers.h"
 #include "phone/eventkit/schema.h"
+#include "phone/eventkit/series_tail.h"
 #include "phone/foundation/atomic_file.h"
 
 namespace phone {
@@ -53,7 +54,13 @@ Statement& CalendarDatabase::prepared(const char* sql) {
 Transaction CalendarDatabase::beginChange() {
   zones_.clear();
   zoneRows_.clear();
-  return Transaction(connection_);
+  changedSeries_.clear();
+  return Transaction(connection_, [this] { settleSeries(); });
+}
+
+void CalendarDatabase::settleSeries() {
+  for (const auto& [calendar, uid] : changedSeries_) settleTails(*this, calendar, uid);
+  changedSeries_.clear();
 }
 
 std::vector<CalendarRecord> CalendarDatabase::calendars() {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -36,6 +37,8 @@ class CalendarDatabase {
   /// Begins a change of the database. What is remembered of its rows is forgotten, for a change that failed
   /// before may have taken them back.
   Transaction beginChange();
+  /// Has the tails of that series worked out anew (see series_tail.h) before the change is committed.
+  void markSeries(std::int64_t calendar, std::string_view uid) { changedSeries_.emplace(calendar, uid); }
   /// The statement for that SQL, prepared at the first use. The text must be a literal.
   Statement& prepared(const char* sql);
 
@@ -54,10 +57,13 @@ class CalendarDatabase {
  private:
   std::int64_t findOrAddZone(const EventZone& zone);
 
+  void settleSeries();
+
   Connection connection_;
   std::unordered_map<const char*, Statement> statements_;
   std::unordered_map<std::int64_t, EventZone> zones_;
   std::map<std::pair<std::string, std::string>, std::int64_t> zoneRows_;
+  std::set<std::pair<std::int64_t, std::string>> changedSeries_;
 };
 
 }  // namespace phone

@@ -19,8 +19,12 @@ inline constexpr int kLastYear = 9999;
 
 inline constexpr cctz::civil_second kReferenceDate{2001, 1, 1};
 
-inline Seconds wallSeconds(const cctz::civil_second& civil) { return civil - kReferenceDate; }
+constexpr Seconds wallSeconds(const cctz::civil_second& civil) { return civil - kReferenceDate; }
 inline cctz::civil_second civilTime(Seconds wall) { return kReferenceDate + wall; }
+
+/// The first and the last wall time of those years.
+inline constexpr Seconds kFirstWallTime = wallSeconds(cctz::civil_second(kFirstYear));
+inline constexpr Seconds kLastWallTime = wallSeconds(cctz::civil_second(kLastYear + 1)) - 1;
 
 /// The number of the day that a wall time falls on; day 0 is 1 January 2001.
 constexpr std::int64_t dayOf(Seconds wall) {

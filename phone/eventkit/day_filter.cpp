@@ -1,6 +1,9 @@
 #include "phone/eventkit/day_filter.h"
 
 #include <algorithm>
+#include <bit>
+
+#include "phone/eventkit/ical_lists.h"
 
 namespace phone {
 
@@ -11,135 +14,184 @@ constexpr std::int64_t kMonthsAYear = 12;
 
 const cctz::civil_day kDayZero(kReferenceDate);  // A Monday.
 
-std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
-  return (value >= 0 ? value : value - (divisor - 1)) / divisor;
+std::int64_t floorModulo(std::int64_t value, std::int64_t divisor) {
+  const std::int64_t rest = value % divisor;
+  return rest < 0 ? rest + divisor : rest;
 }
 
-std::int64_t floorModulo(std::int64_t value, std::int64_t divisor) {
-  return value - floorDivide(value, divisor) * divisor;
-}
+std::int64_t dayNumber(const cctz::civil_day& date) { return date - kDayZero; }
 
 /// Days since Sunday.
 int weekdayOf(std::int64_t day) { return static_cast<int>(floorModulo(day + 1, kWeek)); }
 
-std::int64_t monthNumber(const cctz::civil_day& date) { return date.year() * kMonthsAYear + date.month(); }
-
-int daysInMonth(const cctz::civil_day& date) {
-  return static_cast<int>(cctz::civil_day(cctz::civil_month(date) + 1) -
-                          cctz::civil_day(cctz::civil_month(date)));
-}
-
-int daysInYear(const cctz::civil_day& date) {
-  return static_cast<int>(cctz::civil_day(date.year() + 1) - cctz::civil_day(date.year()));
-}
-
-template <std::size_t Size, typename Use>
-void forEachValue(const short (&list)[Size], Use use) {
-  for (const short value : list) {
-    if (value == ICAL_RECURRENCE_ARRAY_MAX) return;
-    use(value);
-  }
+template <typename Month>
+std::int64_t monthNumber(const Month& month) {
+  return month.year() * kMonthsAYear + month.month();
 }
 
 }  // namespace
 
 DayFilter::DayFilter(const icalrecurrencetype& rule, Seconds wallStart)
-    : open_(rule.rscale != nullptr),
-      frequency_(rule.freq),
+    : frequency_(rule.freq),
       interval_(std::max<std::int64_t>(rule.interval, 1)),
-      // Days of a numbered week can lie in the year before or after the one that the week counts to.
-      yearIsKnown_(rule.by_week_no[0] == ICAL_RECURRENCE_ARRAY_MAX),
-      startDay_(dayOf(wallStart)),
-      weekOffset_(floorModulo(ICAL_MONDAY_WEEKDAY - rule.week_start, kWeek)) {
+      weekOffset_(floorModulo(ICAL_MONDAY_WEEKDAY - rule.week_start, kWeek)),
+      startDay_(dayOf(wallStart)) {
   const cctz::civil_day start = kDayZero + startDay_;
-  startWeek_ = floorDivide(startDay_ + weekOffset_, kWeek);
-  startMonth_ = monthNumber(start);
   takeLists(rule);
-  takeFromStart(rule, start);
+  takeFromStart(start);
+  if (frequency_ == ICAL_MONTHLY_RECURRENCE) startPeriod_ = monthNumber(start);
+  if (frequency_ == ICAL_YEARLY_RECURRENCE) startPeriod_ = countsWeeks() ? weekYear(startDay_) : start.year();
+  const bool stepsWithinMonth =
+      interval_ > 1 && (frequency_ == ICAL_DAILY_RECURRENCE || frequency_ == ICAL_WEEKLY_RECURRENCE);
+  testsDays_ = stepsWithinMonth || countsWeeks() || !yearDays_.empty() || ordinalsCount_ != Ordinals::kNone;
 }
 
 void DayFilter::takeLists(const icalrecurrencetype& rule) {
-  forEachValue(rule.by_day, [this](short value) {
+  bool isNumbered = false;
+  forEachValue(rule.by_day, [&](short value) {
     const int weekday = icalrecurrencetype_day_day_of_week(value) - ICAL_SUNDAY_WEEKDAY;
+    const int position = icalrecurrencetype_day_position(value);
     weekdays_ |= 1U << weekday;
-    ordinals_.push_back({weekday, icalrecurrencetype_day_position(value)});
+    ordinals_[weekday].add(position);
+    isNumbered = isNumbered || position != 0;
   });
-  forEachValue(rule.by_month,
-               [this](short value) { months_ |= 1U << icalrecurrencetype_month_month(value); });
-  forEachValue(rule.by_month_day, [this](short value) {
-    (value > 0 ? monthDays_ : monthDaysFromEnd_) |= 1U << (value > 0 ? value : -value);
+  // A leap month gets a bit that no Gregorian month has.
+  forEachValue(rule.by_month, [this](short value) {
+    months_ |=
+        icalrecurrencetype_month_is_leap(value) != 0 ? 1U : 1U << icalrecurrencetype_month_month(value);
   });
-  forEachValue(rule.by_year_day, [this](short value) { yearDays_.push_back(value); });
+  forEachValue(rule.by_month_day, [this](short value) { monthDays_.add(value); });
+  forEachValue(rule.by_year_day, [this](short value) { yearDays_.add(value); });
+  forEachValue(rule.by_week_no, [this](short value) { weeks_.add(value); });
+  if (!isNumbered) return;
+  if (frequency_ == ICAL_MONTHLY_RECURRENCE) ordinalsCount_ = Ordinals::kInMonth;
+  if (frequency_ == ICAL_YEARLY_RECURRENCE && !countsWeeks()) {
+    ordinalsCount_ = months_ != 0 ? Ordinals::kInMonth : Ordinals::kInYear;
+  }
 }
 
 /// What the rule does not say, it takes from the day of the first occurrence.
-void DayFilter::takeFromStart(const icalrecurrencetype& rule, const cctz::civil_day& start) {
-  const bool countsInMonth = frequency_ == ICAL_MONTHLY_RECURRENCE ||
-                             (frequency_ == ICAL_YEARLY_RECURRENCE && months_ != 0 && yearIsKnown_);
-  if (!countsInMonth) ordinals_.clear();
-  const bool namesDays = weekdays_ != 0 || monthDays_ != 0 || monthDaysFromEnd_ != 0 || !yearDays_.empty() ||
-                         rule.by_week_no[0] != ICAL_RECURRENCE_ARRAY_MAX;
-  if (namesDays) return;
-  if (frequency_ == ICAL_WEEKLY_RECURRENCE) weekdays_ = 1U << weekdayOf(startDay_);
-  if (frequency_ == ICAL_MONTHLY_RECURRENCE || frequency_ == ICAL_YEARLY_RECURRENCE) {
-    monthDays_ = 1U << start.day();
-  }
-  if (frequency_ == ICAL_YEARLY_RECURRENCE && months_ == 0) months_ = 1U << start.month();
-}
-
-bool DayFilter::ordinalMatches(std::int64_t day, const cctz::civil_day& date) const {
-  if (ordinals_.empty()) return true;
-  const int weekday = weekdayOf(day);
-  const int fromStart = (date.day() - 1) / 7 + 1;
-  const int fromEnd = -((daysInMonth(date) - date.day()) / 7 + 1);
-  return std::any_of(ordinals_.begin(), ordinals_.end(), [&](const Ordinal& ordinal) {
-    return ordinal.weekday == weekday &&
-           (ordinal.position == 0 || ordinal.position == fromStart || ordinal.position == fromEnd);
-  });
-}
-
-bool DayFilter::intervalMatches(std::int64_t day, const cctz::civil_day& date) const {
-  if (interval_ == 1) return true;
-  switch (frequency_) {
-    case ICAL_DAILY_RECURRENCE:
-      return (day - startDay_) % interval_ == 0;
-    case ICAL_WEEKLY_RECURRENCE:
-      return (floorDivide(day + weekOffset_, kWeek) - startWeek_) % interval_ == 0;
-    case ICAL_MONTHLY_RECURRENCE:
-      return (monthNumber(date) - startMonth_) % interval_ == 0;
-    case ICAL_YEARLY_RECURRENCE:
-      return !yearIsKnown_ ||
-             (floorDivide(monthNumber(date) - 1, kMonthsAYear) - floorDivide(startMonth_ - 1, kMonthsAYear)) %
-                     interval_ ==
-                 0;
-    default:
-      return true;
+void DayFilter::takeFromStart(const cctz::civil_day& start) {
+  if (weekdays_ != 0 || !monthDays_.empty() || !yearDays_.empty()) return;
+  const bool isYearly = frequency_ == ICAL_YEARLY_RECURRENCE;
+  if (frequency_ == ICAL_WEEKLY_RECURRENCE || (isYearly && countsWeeks())) {
+    weekdays_ = 1U << weekdayOf(startDay_);
+  } else if (frequency_ == ICAL_MONTHLY_RECURRENCE || isYearly) {
+    monthDays_.add(start.day());
+    if (isYearly && months_ == 0) months_ = 1U << start.month();
   }
 }
 
-bool DayFilter::mayFallOn(std::int64_t day) const {
-  if (open_) return true;
-  if (weekdays_ != 0 && (weekdays_ >> weekdayOf(day) & 1U) == 0) return false;
-  const cctz::civil_day date = kDayZero + day;
-  if (months_ != 0 && (months_ >> date.month() & 1U) == 0) return false;
-  if (monthDays_ != 0 || monthDaysFromEnd_ != 0) {
-    const int fromEnd = daysInMonth(date) - date.day() + 1;
-    if (((monthDays_ >> date.day() | monthDaysFromEnd_ >> fromEnd) & 1U) == 0) return false;
+cctz::civil_month DayFilter::firstMonthFrom(cctz::civil_month month) const {
+  if (frequency_ == ICAL_MONTHLY_RECURRENCE) {
+    month += floorModulo(startPeriod_ - monthNumber(month), interval_);
   }
-  if (!yearDays_.empty()) {
-    const int yearDay = cctz::get_yearday(date);
-    const int fromEnd = yearDay - daysInYear(date) - 1;
-    if (std::none_of(yearDays_.begin(), yearDays_.end(),
-                     [&](int wanted) { return wanted == yearDay || wanted == fromEnd; })) {
-      return false;
+  if (frequency_ == ICAL_YEARLY_RECURRENCE && !countsWeeks() && !isInStep(month.year(), startPeriod_)) {
+    month = cctz::civil_month(month.year() + floorModulo(startPeriod_ - month.year(), interval_));
+  }
+  constexpr std::uint32_t kAllMonths = 0x1FFE;
+  const std::uint32_t named = months_ == 0 ? kAllMonths : months_ & kAllMonths;
+  if (named == 0) return cctz::civil_month(kLastYear + 1);
+  const std::uint32_t later = named >> month.month();
+  if (later != 0) return month + std::countr_zero(later);
+  return cctz::civil_month(month.year() + 1, std::countr_zero(named));
+}
+
+MonthDays DayFilter::daysIn(const cctz::civil_month& month) const {
+  if (months_ != 0 && (months_ >> month.month() & 1U) == 0) return 0;
+  if (frequency_ == ICAL_MONTHLY_RECURRENCE && !isInStep(monthNumber(month), startPeriod_)) return 0;
+  if (frequency_ == ICAL_YEARLY_RECURRENCE && !countsWeeks() && !isInStep(month.year(), startPeriod_))
+    return 0;
+  const cctz::civil_day first(month);
+  const int length = static_cast<int>(cctz::civil_day(month + 1) - first);
+  MonthDays days = (MonthDays{2} << length) - 2;
+  if (!monthDays_.empty()) {
+    auto named = static_cast<MonthDays>(monthDays_.fromStart.to_ulong());
+    for (int day = 1; day <= length; ++day) {
+      if (monthDays_.fromEnd[static_cast<std::size_t>(length + 1 - day)]) named |= MonthDays{1} << day;
+    }
+    days &= named;
+  }
+  const std::int64_t firstNumber = dayNumber(first);
+  if (weekdays_ != 0) days &= weekdaysIn(firstNumber);
+  if (!testsDays_ || days == 0) return days;
+  const std::int64_t newYear = dayNumber(cctz::civil_day(month.year()));
+  const auto yearDay = static_cast<int>(firstNumber - newYear) + 1;
+  const auto yearLength = static_cast<int>(dayNumber(cctz::civil_day(month.year() + 1)) - newYear);
+  for (MonthDays rest = days; rest != 0; rest &= rest - 1) {
+    const int day = std::countr_zero(rest);
+    if (!matches({firstNumber + day - 1, day, length, yearDay + day - 1, yearLength})) {
+      days &= ~(MonthDays{1} << day);
     }
   }
-  return ordinalMatches(day, date) && intervalMatches(day, date);
+  return days;
 }
 
-std::int64_t DayFilter::firstWithin(std::int64_t first, std::int64_t last) const {
-  while (first <= last && !mayFallOn(first)) ++first;
-  return first;
+MonthDays DayFilter::weekdaysIn(std::int64_t firstOfMonth) const {
+  constexpr MonthDays kEveryWeek = 0x10204081;
+  MonthDays days = 0;
+  for (int weekday = weekdayOf(firstOfMonth), day = 1; day <= kWeek; ++day, weekday = (weekday + 1) % 7) {
+    if ((weekdays_ >> weekday & 1U) != 0) days |= kEveryWeek << day;
+  }
+  return days;
+}
+
+bool DayFilter::matches(const Day& day) const {
+  if (frequency_ == ICAL_DAILY_RECURRENCE && !isInStep(day.number, startDay_)) return false;
+  if (frequency_ == ICAL_WEEKLY_RECURRENCE &&
+      (weekStart(day.number) - weekStart(startDay_)) % (kWeek * interval_) != 0) {
+    return false;
+  }
+  if (!yearDays_.empty() && !yearDays_.contain(day.ofYear, day.yearLength + 1 - day.ofYear)) return false;
+  if (countsWeeks() && !weekMatches(day.number)) return false;
+  return ordinalsCount_ == Ordinals::kNone || ordinalMatches(day);
+}
+
+bool DayFilter::ordinalMatches(const Day& day) const {
+  const bool inMonth = ordinalsCount_ == Ordinals::kInMonth;
+  const int place = inMonth ? day.ofMonth : day.ofYear;
+  const int length = inMonth ? day.monthLength : day.yearLength;
+  const auto& wanted = ordinals_[weekdayOf(day.number)];
+  constexpr int kDays = static_cast<int>(kWeek);
+  return wanted.fromStart[0] || wanted.contain((place - 1) / kDays + 1, (length - place) / kDays + 1);
+}
+
+bool DayFilter::weekMatches(std::int64_t day) const {
+  const std::int64_t year = weekYear(day);
+  if (frequency_ == ICAL_YEARLY_RECURRENCE && !isInStep(year, startPeriod_)) return false;
+  const std::int64_t start = weekStart(day);
+  return weeks_.contain((start - firstWeekOf(year)) / kWeek + 1, (firstWeekOf(year + 1) - start) / kWeek);
+}
+
+std::int64_t DayFilter::weekStart(std::int64_t day) const {
+  return day - floorModulo(day + weekOffset_, kWeek);
+}
+
+/// A week counts to the year in which most of its days lie.
+std::int64_t DayFilter::weekYear(std::int64_t day) const { return (kDayZero + (weekStart(day) + 3)).year(); }
+
+std::int64_t DayFilter::firstWeekOf(std::int64_t year) const {
+  return weekStart(dayNumber(cctz::civil_day(year, 1, 4)));
+}
+
+DayRange DayFilter::periodAround(std::int64_t day) const {
+  const cctz::civil_day date = kDayZero + day;
+  switch (frequency_) {
+    case ICAL_WEEKLY_RECURRENCE:
+      return {weekStart(day), weekStart(day) + kWeek - 1};
+    case ICAL_MONTHLY_RECURRENCE: {
+      const cctz::civil_month month(date);
+      return {dayNumber(cctz::civil_day(month)), dayNumber(cctz::civil_day(month + 1)) - 1};
+    }
+    case ICAL_YEARLY_RECURRENCE: {
+      // Days around New Year are counted with the year of their week, or the week would fall apart.
+      if (countsWeeks()) return {firstWeekOf(weekYear(day)), firstWeekOf(weekYear(day) + 1) - 1};
+      const cctz::civil_year year(date);
+      return {dayNumber(cctz::civil_day(year)), dayNumber(cctz::civil_day(year + 1)) - 1};
+    }
+    default:
+      return {day, day};
+  }
 }
 
 }  // namespace phone

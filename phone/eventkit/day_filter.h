@@ -1,51 +1,98 @@
-// Which days a recurrence rule can fall on. Asking libical for the next occurrence costs tens of microseconds
-// for a rule that matches and up to half a second for one that never does, so the query asks here first.
+// The days that a recurrence rule falls on, month by month. Everything that a rule says about days is a test
+// of the day itself, so no walk from the start of the series is needed to know whether one belongs to it.
 #pragma once
 
+#include <bitset>
+#include <cctz/civil_time.h>
 #include <cstdint>
 #include <libical/ical.h>
-#include <vector>
 
 #include "phone/eventkit/calendar_time.h"
 
 namespace phone {
 
+/// Days as dayOf() counts them, both ends included.
+struct DayRange {
+  std::int64_t first;
+  std::int64_t last;
+};
+
+/// A set of days of one month; bit 1 is its first day.
+using MonthDays = std::uint32_t;
+
+/// For rules in the Gregorian calendar. A part that a frequency has no use for in the standard, such as the
+/// days of the year in a monthly rule, narrows the rule down like any other; a weekday that is numbered where
+/// nothing is counted, as in a weekly rule, stands for the plain one.
 class DayFilter {
  public:
   DayFilter(const icalrecurrencetype& rule, Seconds wallStart);
 
-  /// False when no occurrence of the rule can start on that day (dayOf()). For rules that repeat within a
-  /// day, the answer is exact; for the others true means "ask libical".
-  bool mayFallOn(std::int64_t day) const;
-  /// The first such day within [first, last], or last + 1.
-  std::int64_t firstWithin(std::int64_t first, std::int64_t last) const;
+  /// The first month, from that one on, in which there can be any. Beyond kLastYear: none.
+  cctz::civil_month firstMonthFrom(cctz::civil_month month) const;
+
+  /// The days of the month on which occurrences start if every position is chosen; days before the start of
+  /// the series among them.
+  MonthDays daysIn(const cctz::civil_month& month) const;
+
+  /// The day, week, month or year around the day in which the rule counts positions.
+  DayRange periodAround(std::int64_t day) const;
 
  private:
-  void takeLists(const icalrecurrencetype& rule);
-  void takeFromStart(const icalrecurrencetype& rule, const cctz::civil_day& start);
-  bool ordinalMatches(std::int64_t day, const cctz::civil_day& date) const;
-  bool intervalMatches(std::int64_t day, const cctz::civil_day& date) const;
+  /// Numbers counted from the start and from the end, as bits; both empty: no such part.
+  template <std::size_t Size>
+  struct Numbers {
+    std::bitset<Size> fromStart;
+    std::bitset<Size> fromEnd;
 
-  bool open_ = false;  // Nothing is known about the rule; every day may do.
+    void add(int number) {
+      const auto place = static_cast<std::size_t>(number < 0 ? -number : number);
+      if (place < Size) (number < 0 ? fromEnd : fromStart).set(place);
+    }
+    bool empty() const { return fromStart.none() && fromEnd.none(); }
+    bool contain(std::int64_t start, std::int64_t end) const {
+      return fromStart[static_cast<std::size_t>(start)] || fromEnd[static_cast<std::size_t>(end)];
+    }
+  };
+
+  /// A day with what the parts of a rule ask about it.
+  struct Day {
+    std::int64_t number;
+    int ofMonth;
+    int monthLength;
+    int ofYear;
+    int yearLength;
+  };
+
+  void takeLists(const icalrecurrencetype& rule);
+  void takeFromStart(const cctz::civil_day& start);
+  MonthDays weekdaysIn(std::int64_t firstOfMonth) const;
+  bool matches(const Day& day) const;
+  bool ordinalMatches(const Day& day) const;
+  bool weekMatches(std::int64_t day) const;
+  bool isInStep(std::int64_t period, std::int64_t startPeriod) const {
+    return (period - startPeriod) % interval_ == 0;
+  }
+  std::int64_t weekStart(std::int64_t day) const;
+  std::int64_t weekYear(std::int64_t day) const;
+  std::int64_t firstWeekOf(std::int64_t year) const;
+  bool countsWeeks() const { return !weeks_.empty(); }
+
   icalrecurrencetype_frequency frequency_;
   std::int64_t interval_;
-  bool yearIsKnown_;
-  std::int64_t startDay_;
-  std::int64_t startWeek_;
-  std::int64_t startMonth_;
   std::int64_t weekOffset_;
-  // Bit masks; an empty one allows everything. Bit 0 of the weekdays is Sunday, the others count from bit 1.
-  std::uint32_t weekdays_ = 0;
-  std::uint32_t months_ = 0;
-  std::uint32_t monthDays_ = 0;
-  std::uint32_t monthDaysFromEnd_ = 0;
-  std::vector<int> yearDays_;
-  /// Weekdays that are counted within the month, such as the last Friday; empty if there is none.
-  struct Ordinal {
-    int weekday;
-    int position;  // From 1, or from -1 backwards; 0: every one.
-  };
-  std::vector<Ordinal> ordinals_;
+  std::int64_t startDay_;
+  /// The month or year of the start, in the rule's own way of counting.
+  std::int64_t startPeriod_ = 0;
+  std::uint32_t weekdays_ = 0;  // Bit 0 is Sunday; none: every day.
+  std::uint32_t months_ = 0;    // Bits 1 to 12; none: every month.
+  Numbers<32> monthDays_;
+  Numbers<367> yearDays_;
+  Numbers<54> weeks_;
+  /// Which ones of each weekday are meant, counted in the month or year; bit 0: every one.
+  Numbers<54> ordinals_[7];
+  enum class Ordinals { kNone, kInMonth, kInYear };
+  Ordinals ordinalsCount_ = Ordinals::kNone;
+  bool testsDays_ = false;
 };
 
 }  // namespace phone

@@ -7,6 +7,7 @@
 #include "phone/foundation/error_object.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/literal.h"
+#include "platform/foundation/ns_log.h"
 #include "platform/foundation/ns_mutable_array.h"
 
 namespace phone {
@@ -76,8 +77,12 @@ NSArray* eventsMatchingPredicate(EKEventStore* self, SEL, NSObject* predicate) {
       objects.emplace(record.id, makeCalendar(record));
       rows.push_back(record.id);
     }
-    for (const EventOccurrence& occurrence :
-         occurrencesInRange(database, search.range, search.calendars.value_or(rows), phoneZone())) {
+    const FoundOccurrences found =
+        occurrencesInRange(database, search.range, search.calendars.value_or(rows), phoneZone());
+    for (const std::string& omission : found.omissions) {
+      NSLog("Calendar: %@"_ns, makeString(omission).get());
+    }
+    for (const EventOccurrence& occurrence : found.occurrences) {
       events->addObject(makeEvent(self, occurrence, objects[occurrence.calendar].get()).get());
     }
   });

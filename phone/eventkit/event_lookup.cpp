@@ -56,4 +56,14 @@ std::vector<NamedEvent> eventsNamed(CalendarDatabase& database, const std::strin
   return events;
 }
 
+std::vector<std::string> eventTitles(CalendarDatabase& database, const std::string& beginning) {
+  Statement& query = database.prepared(
+      "SELECT DISTINCT title FROM event WHERE substr(title, 1, length(?1)) = ?1 AND cancelled = 0 "
+      "ORDER BY title LIMIT 100");
+  const StatementScope scope(query);
+  std::vector<std::string> titles;
+  for (query.bind(1, beginning); query.step();) titles.push_back(query.text(0));
+  return titles;
+}
+
 }  // namespace phone

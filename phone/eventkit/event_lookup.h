@@ -22,4 +22,7 @@ struct NamedEvent {
 std::vector<NamedEvent> eventsNamed(CalendarDatabase& database, const std::string& text,
                                     const EventZone& phoneZone);
 
+/// The titles of events that begin so, each once, in order; the first hundred. Throws DatabaseError.
+std::vector<std::string> eventTitles(CalendarDatabase& database, const std::string& beginning);
+
 }  // namespace phone

@@ -12,9 +12,22 @@ bool isOlder(const EventRecord& event, const EventRecord& stored) {
   return event.revision < stored.revision;
 }
 
+/// A file says of a repetition either that it alone is changed or that all later ones are, too. What an older
+/// version of the file said in the other way must not stay beside it.
+void removeOppositeChange(CalendarDatabase& database, const EventRecord& event) {
+  if (!event.replaces) return;
+  ReplacedRepetition opposite = *event.replaces;
+  opposite.andLater = !opposite.andLater;
+  const auto row = findEvent(database, event.calendar, event.uid, opposite);
+  if (!row) return;
+  const EventRecord stored = readEvent(database, *row);
+  if (stored.isImported && !isOlder(event, stored)) removeEvent(database, *row);
+}
+
 }  // namespace
 
 MergedEvent mergeEvent(CalendarDatabase& database, const EventRecord& event) {
+  removeOppositeChange(database, event);
   if (const auto added = insertEvent(database, event)) return {MergeOutcome::kAdded, *added};
   const auto row = findEvent(database, event.calendar, event.uid, event.replaces);
   if (!row) throw DatabaseError("the calendar database takes no event of the uid " + event.uid);

@@ -8,6 +8,10 @@
 
 namespace phone {
 
+/// Which repetition an event stands in for, as its row says it in replaces_kind and replaces_value, and back.
+int storedKind(const std::optional<ReplacedRepetition>& replaces);
+std::optional<ReplacedRepetition> replacedRepetition(std::int64_t storedKind, Seconds value);
+
 /// Adds the event and gives its row; none when the calendar has one of that uid (and replaced repetition)
 /// already. `zoneRow` is the row of the event's zone.
 std::optional<std::int64_t> insertEvent(CalendarDatabase& database, const EventRecord& event,
@@ -22,7 +26,7 @@ void removeEvent(CalendarDatabase& database, std::int64_t row);
 
 /// The row of the event, or none.
 std::optional<std::int64_t> findEvent(CalendarDatabase& database, std::int64_t calendar, std::string_view uid,
-                                      const std::optional<RepetitionName>& replaces);
+                                      const std::optional<ReplacedRepetition>& replaces);
 
 /// The rows of the events that stand in for repetitions of the one with that uid.
 std::vector<std::int64_t> replacingEvents(CalendarDatabase& database, std::int64_t calendar,

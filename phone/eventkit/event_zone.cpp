@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "phone/eventkit/defined_zone.h"
 #include "phone/eventkit/ical_owned.h"
 
 namespace phone {
@@ -66,18 +67,10 @@ std::optional<EventZone> EventZone::defined(const std::string& name, const std::
   if (component == nullptr || icalcomponent_isa(component.get()) != ICAL_VTIMEZONE_COMPONENT) {
     return std::nullopt;
   }
-  icaltimezone* const custom = icaltimezone_new();
-  // The zone owns the component from here on.
-  if (icaltimezone_set_component(custom, component.get()) == 0) {
-    icaltimezone_free(custom, 1);
-    return std::nullopt;
-  }
-  static_cast<void>(component.release());
   EventZone zone;
   zone.name_ = name;
   zone.definition_ = definition;
-  zone.custom_ =
-      std::shared_ptr<icaltimezone>(custom, [](icaltimezone* unused) { icaltimezone_free(unused, 1); });
+  zone.custom_ = std::make_shared<const DefinedZone>(component.get());
   return zone;
 }
 
@@ -85,16 +78,12 @@ Seconds EventZone::toInstant(Seconds wall) const {
   if (custom_ == nullptr) {
     return known_.lookup(civilTime(wall)).pre.time_since_epoch().count() - kReferenceAfterUnixEpoch;
   }
-  icaltimetype time = icalTime(wall);
-  int isDaylight = 0;
-  return wall - icaltimezone_get_utc_offset(custom_.get(), &time, &isDaylight);
+  return wall - custom_->offsetAtWall(wall);
 }
 
 Seconds EventZone::toWall(Seconds instant) const {
   if (custom_ == nullptr) return wallSeconds(cctz::convert(unixTime(instant), known_));
-  icaltimetype time = icalTime(instant);
-  int isDaylight = 0;
-  return instant + icaltimezone_get_utc_offset_of_utc_time(custom_.get(), &time, &isDaylight);
+  return instant + custom_->offsetAtInstant(instant);
 }
 
 }  // namespace phone

@@ -8,9 +8,9 @@
 
 #include "phone/eventkit/calendar_time.h"
 
-struct _icaltimezone;
-
 namespace phone {
+
+class DefinedZone;
 
 /// Converts between instants and wall times. Copies share what they know. A wall time that a clock change
 /// skips is read with the offset before the change; one that comes twice means the first of the two.
@@ -37,7 +37,7 @@ class EventZone {
   std::string name_;
   std::string definition_;
   cctz::time_zone known_;
-  std::shared_ptr<_icaltimezone> custom_;
+  std::shared_ptr<const DefinedZone> custom_;
 };
 
 }  // namespace phone

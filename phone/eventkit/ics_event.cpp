@@ -6,16 +6,15 @@
 #include <limits>
 #include <string_view>
 
+#include "phone/eventkit/foreign_rule.h"
 #include "phone/eventkit/ical_owned.h"
 #include "phone/eventkit/ics_text.h"
+#include "phone/eventkit/memory_check.h"
 #include "phone/eventkit/recurrence_rule.h"
 
 namespace phone {
 
 namespace {
-
-constexpr std::string_view kTimingProperties[] = {"DTSTART", "DTEND",  "DURATION",     "RRULE",
-                                                  "RDATE",   "EXDATE", "RECURRENCE-ID"};
 
 /// A time of the file before it is known how the event counts: a wall time, and the zone that it is of.
 struct IcsTime {
@@ -66,8 +65,9 @@ Seconds stamp(const std::string* value) {
 
 class IcsEventReader {
  public:
-  IcsEventReader(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones)
-      : file_(file), component_(component), zones_(zones) {
+  IcsEventReader(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones,
+                 WalkBudget& toEnds)
+      : file_(file), component_(component), zones_(zones), toEnds_(toEnds) {
     parsed_.reset(icalparser_parse_string(component.text.c_str()));
     if (parsed_ == nullptr) fail("BEGIN", "the event cannot be read");
   }
@@ -103,7 +103,7 @@ class IcsEventReader {
   void refuseBrokenTimes() const {
     forEach(ICAL_XLICERROR_PROPERTY, [this](icalproperty* note) {
       const std::string_view text = icalproperty_get_xlicerror(note);
-      for (const std::string_view name : kTimingProperties) {
+      for (const std::string_view name : kEventTiming) {
         const std::string mention = "value in " + std::string(name) + " property";
         if (text.find(mention) == std::string_view::npos) continue;
         const std::size_t colon = text.rfind(": ");
@@ -167,6 +167,13 @@ class IcsEventReader {
       const Seconds days = std::max<Seconds>((event.duration() + kSecondsPerDay - 1) / kSecondsPerDay, 1);
       event.end = event.start + days * kSecondsPerDay;
     }
+    event.end = cutOff(event, event.start, event.end);
+  }
+
+  /// The end of an event that may be said to last longer than there is time.
+  static Seconds cutOff(const EventRecord& event, Seconds start, Seconds end) {
+    const Seconds last = event.toStored(kLastWallTime + (event.isAllDay ? 1 : 0));
+    return std::max(std::min(end, last), start);
   }
 
   Seconds readEnd(const EventRecord& event, const IcsTime& start) {
@@ -179,12 +186,23 @@ class IcsEventReader {
     return event.start;
   }
 
+  static std::int64_t daysIn(const icaldurationtype& duration) {
+    return static_cast<std::int64_t>(duration.weeks) * 7 + static_cast<std::int64_t>(duration.days);
+  }
+
+  /// The days of the length that count for each repetition anew. A length that is given by its end is the
+  /// same number of seconds for each.
+  std::int64_t daysOfDuration() const {
+    icalproperty* const property =
+        first(ICAL_DTEND_PROPERTY) == nullptr ? first(ICAL_DURATION_PROPERTY) : nullptr;
+    return property == nullptr ? 0 : daysIn(icalproperty_get_duration(property));
+  }
+
   /// Days and weeks are counted on the calendar, hours and less on the clock.
   static Seconds endAfter(const IcsTime& start, const icaldurationtype& duration) {
     if (duration.is_neg != 0) return start.stored();
-    const auto days = static_cast<Seconds>(duration.weeks) * 7 + static_cast<Seconds>(duration.days);
     IcsTime end = start;
-    end.wall += days * kSecondsPerDay;
+    end.wall += daysIn(duration) * kSecondsPerDay;
     return end.stored() + static_cast<Seconds>(duration.hours) * 3600 +
            static_cast<Seconds>(duration.minutes) * 60 + static_cast<Seconds>(duration.seconds);
   }
@@ -204,31 +222,74 @@ class IcsEventReader {
     return {RepetitionKind::kInstant, time.stored()};
   }
 
+  bool reachesLater(icalproperty* property) {
+    icalparameter* const range = icalproperty_get_first_parameter(property, ICAL_RANGE_PARAMETER);
+    if (range == nullptr) return false;
+    if (icalparameter_get_range(range) == ICAL_RANGE_THISANDPRIOR) {
+      event_.leftOut.countInEvent(IcsLeftOut::kChangeOfEarlier);
+    }
+    return icalparameter_get_range(range) == ICAL_RANGE_THISANDFUTURE;
+  }
+
+  template <typename Value>
+  static void sortOnce(std::vector<Value>& values) {
+    std::sort(values.begin(), values.end());
+    values.erase(std::unique(values.begin(), values.end()), values.end());
+  }
+
   void readRepetitions(EventRecord& event) {
     if (icalproperty* const property = first(ICAL_RECURRENCEID_PROPERTY)) {
-      event.replaces = nameOf(event, timeOf(property, "RECURRENCE-ID"));
+      event.replaces = {nameOf(event, timeOf(property, "RECURRENCE-ID")), reachesLater(property)};
       // It stands for one repetition; rules that some programs leave in it are the series's.
       return;
     }
     if (event.isCancelled) return;
-    const Seconds wallStart = event.wallStart();
+    const RuleStart start{event.wallStart(), event.isAllDay, event.zone ? *event.zone : zones_.phoneZone()};
     forEach(ICAL_RRULE_PROPERTY, [&](icalproperty* property) {
-      const auto rule = RecurrenceRule::fromFile(icalproperty_get_rrule(property), wallStart,
-                                                 event.zone ? &*event.zone : nullptr);
+      const auto rule = ruleFrom(icalproperty_get_rrule(property), start);
       if (rule) event.rules.push_back(rule->text());
     });
+    forEach(ICAL_EXRULE_PROPERTY, [&](icalproperty* property) {
+      const RuleStart ruleStart{exceptionRuleStart(property).value_or(start.wall), start.isAllDay,
+                                start.zone};
+      const auto rule = ruleFrom(icalproperty_get_exrule(property), ruleStart);
+      if (rule) event.exceptionRules.push_back({ruleStart.wall, rule->text()});
+    });
+    if (event.zone && !event.rules.empty()) event.calendarDays = daysOfDuration();
     forEach(ICAL_EXDATE_PROPERTY, [&](icalproperty* property) {
       event.excluded.push_back(nameOf(event, timeOf(property, "EXDATE")));
     });
     forEach(ICAL_RDATE_PROPERTY, [&](icalproperty* property) { addDate(event, property); });
     // The database gives them back in order and once.
-    std::sort(event.excluded.begin(), event.excluded.end());
-    event.excluded.erase(std::unique(event.excluded.begin(), event.excluded.end()), event.excluded.end());
+    sortOnce(event.excluded);
+    sortOnce(event.exceptionRules);
     std::sort(event.added.begin(), event.added.end());
     const auto sameStart = [](const AddedDate& left, const AddedDate& right) {
       return left.start == right.start;
     };
     event.added.erase(std::unique(event.added.begin(), event.added.end(), sameStart), event.added.end());
+  }
+
+  std::optional<RecurrenceRule> ruleFrom(const icalrecurrencetype& read, const RuleStart& start) {
+    auto rule = RecurrenceRule::fromFile(read, start, toEnds_);
+    if (!rule && isForeign(read)) event_.leftOut.countInEvent(IcsLeftOut::kForeignRule);
+    if (rule && read.count > 0 && rule->lastStart() == kEndless) {
+      event_.leftOut.countInEvent(IcsLeftOut::kCount);
+    }
+    return rule;
+  }
+
+  /// None: the rule counts from the event's start, as rules do.
+  static std::optional<Seconds> exceptionRuleStart(icalproperty* property) {
+    for (icalparameter* parameter = icalproperty_get_first_parameter(property, ICAL_X_PARAMETER);
+         parameter != nullptr; parameter = icalproperty_get_next_parameter(property, ICAL_X_PARAMETER)) {
+      const char* const name = icalparameter_get_xname(parameter);
+      const char* const value = icalparameter_get_xvalue(parameter);
+      if (name == nullptr || value == nullptr || std::string_view(name) != kExceptionRuleStart) continue;
+      const icaltimetype time = icaltime_from_string(value);
+      if (icaltime_is_null_time(time) == 0) return wallSeconds(time);
+    }
+    return std::nullopt;
   }
 
   void addDate(EventRecord& event, icalproperty* property) {
@@ -243,20 +304,30 @@ class IcsEventReader {
                             ? endAfter(start, value.period.duration)
                             : storedAs(event, timeFrom(property, value.period.end, "RDATE"));
     const Seconds stored = storedAs(event, start);
-    event.added.push_back({stored, std::max(end, stored)});
+    event.added.push_back({stored, cutOff(event, stored, end)});
   }
 
   const std::filesystem::path& file_;
   const IcsComponent& component_;
   IcsZones& zones_;
+  WalkBudget& toEnds_;
   OwnedComponent parsed_;
   IcsEvent event_;
 };
 
 }  // namespace
 
-IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones) {
-  return IcsEventReader(file, component, zones).read();
+IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones,
+                      WalkBudget& toEnds) {
+  const MemoryCheck memory;
+  try {
+    IcsEvent event = IcsEventReader(file, component, zones, toEnds).read();
+    memory.require();
+    return event;
+  } catch (const IcsError&) {
+    memory.require();
+    throw;
+  }
 }
 
 }  // namespace phone

@@ -7,6 +7,7 @@
 
 #include "phone/eventkit/event_record.h"
 #include "phone/eventkit/ics_zones.h"
+#include "phone/eventkit/walk_budget.h"
 
 namespace phone {
 
@@ -15,10 +16,14 @@ struct IcsEvent {
   /// The name of a zone that neither the system nor the file knows so far; empty if there is none. The times
   /// that use it are read as wall times.
   std::string unknownZone;
+  /// What is left out of its repetitions.
+  IcsLeftOut leftOut;
 };
 
 /// Throws IcsError when the event has no start, or when a time, a duration or a rule cannot be read: an event
-/// at a wrong time is worse than none. Everything else that is odd is passed over.
-IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones);
+/// at a wrong time is worse than none. Everything else that is odd is passed over. `toEnds` is what finding
+/// the ends of the rules of the whole file may still cost.
+IcsEvent readIcsEvent(const std::filesystem::path& file, const IcsComponent& component, IcsZones& zones,
+                      WalkBudget& toEnds);
 
 }  // namespace phone

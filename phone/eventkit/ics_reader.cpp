@@ -74,12 +74,23 @@ bool IcsReader::readPhysicalLine() {
   return true;
 }
 
+/// What is wrong with the line ahead must not keep the present one back.
+bool IcsReader::lookAhead() {
+  try {
+    return readPhysicalLine();
+  } catch (const IcsError& failure) {
+    failure_ = failure;
+    return false;
+  }
+}
+
 bool IcsReader::next() {
   do {
+    if (failure_) throw IcsError(*failure_);
     if (!ahead_ && !readPhysicalLine()) return false;
     std::swap(line_, physical_);
     number_ = physicalNumber_;
-    while ((ahead_ = readPhysicalLine()) && !physical_.empty() &&
+    while ((ahead_ = lookAhead()) && !physical_.empty() &&
            (physical_.front() == ' ' || physical_.front() == '\t')) {
       line_.append(physical_, 1);
       if (line_.size() > kLongestLine) throw IcsError(file_, number_, "the line is too long");

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ class IcsReader {
 
  private:
   bool readPhysicalLine();
+  bool lookAhead();
 
   std::filesystem::path file_;
   std::ifstream stream_;
@@ -44,6 +46,7 @@ class IcsReader {
   std::size_t number_ = 0;
   std::size_t physicalNumber_ = 0;
   std::uint64_t bytesRead_ = 0;
+  std::optional<IcsError> failure_;
   bool ahead_ = false;  // physical_ holds the line after line_.
 };
 

@@ -9,11 +9,6 @@ namespace phone {
 
 namespace {
 
-/// What libical is to read of an event. It is a small part of a file: descriptions, attendees, attachments
-/// and alarms would be parsed for nothing.
-constexpr std::string_view kEventTiming[] = {"DTEND", "DTSTART", "DURATION",     "EXDATE",
-                                             "RDATE", "RRULE",   "RECURRENCE-ID"};
-
 /// Plain texts, numbers and stamps, which need no parser.
 constexpr std::string_view kEventTexts[] = {"DTSTAMP", "LAST-MODIFIED", "LOCATION", "SEQUENCE",
                                             "STATUS",  "SUMMARY",       "UID"};
@@ -78,8 +73,20 @@ const std::string* IcsComponent::textOf(std::string_view property) const {
   return found == texts.end() ? nullptr : &found->second;
 }
 
+std::string IcsComponent::label() const {
+  const std::string* const title = textOf("SUMMARY");
+  if (kind != Kind::kEvent || title == nullptr) return {};
+  return " (event \"" + unescapedText(*title) + "\")";
+}
+
 void IcsScanner::fail(const std::string& reason) const {
   throw IcsError(reader_.file(), reader_.number(), reason);
+}
+
+void IcsScanner::complain(const std::string& reason) const {
+  if (!report_) fail(reason);
+  const std::string label = keeping_ ? current_.label() : "";
+  report_(IcsError(reader_.file(), reader_.number(), reason + label).what());
 }
 
 std::optional<IcsComponent> IcsScanner::next() {
@@ -90,54 +97,90 @@ std::optional<IcsComponent> IcsScanner::next() {
     const std::size_t value = valueStart(line, nameEnd);
     if (name == "BEGIN" && value != std::string::npos) {
       begin(upperCase(trimmed(std::string_view(line).substr(value))));
-    } else if (!sawCalendar_) {
+    } else if (calendarsBegun_ == 0) {
       fail("this is no calendar file: it does not begin with BEGIN:VCALENDAR");
     } else if (open_.empty()) {
-      fail("there is text after the end of the calendar");
+      if (!toldOfTextBehind_) complain("there is text after the end of the calendar");
+      toldOfTextBehind_ = true;
     } else if (value == std::string::npos || name.empty() || name.find(' ') != std::string::npos) {
-      fail("the line is no property of the form NAME:VALUE");
+      // It may be the rest of the line before. Of a text that does not matter; a lost date would.
+      complain(std::string("the line is no property of the form NAME:VALUE") +
+               (wasTiming_ ? "; it may be a part of the date before it" : ""));
+      isBroken_ = isBroken_ || wasTiming_;
     } else if (name == "END") {
       if (end(upperCase(trimmed(std::string_view(line).substr(value))))) return std::move(current_);
     } else {
       takeProperty(name, value);
     }
   }
-  if (!sawCalendar_) throw IcsError(reader_.file(), 0, "the file is empty");
+  if (calendarsBegun_ == 0) throw IcsError(reader_.file(), 0, "the file is empty");
   if (!open_.empty()) {
-    fail("the file ends before the END of " + open_.back().name + ", which begins in line " +
-         std::to_string(open_.back().line));
+    complain("the file ends before the END of " + open_.back().name + ", which begins in line " +
+             std::to_string(open_.back().line));
   }
   return std::nullopt;
 }
 
+void IcsScanner::endBefore(const std::string& line) {
+  complain(line + " comes before the END of " + open_.back().name + ", which begins in line " +
+           std::to_string(open_.back().line));
+}
+
+/// Ends what is still open within the component of that name; nothing if no such component is open.
+void IcsScanner::endInsideOut(const std::string& name) {
+  const auto named = std::find_if(open_.rbegin(), open_.rend(),
+                                  [&name](const OpenComponent& component) { return component.name == name; });
+  if (named == open_.rend()) return;
+  open_.erase(named.base(), open_.end());
+  keeping_ = keeping_ && open_.size() > 1;
+}
+
 void IcsScanner::begin(std::string name) {
+  wasTiming_ = false;
+  const bool isLikeEvent = name == "VEVENT" || name == "VTIMEZONE" || name == "VTODO" || name == "VJOURNAL";
+  if (report_ && isLikeEvent && open_.size() > 1) {
+    endBefore("BEGIN:" + name);
+    endInsideOut("VCALENDAR");
+  }
   if (open_.empty()) {
     if (name != "VCALENDAR") fail("this is no calendar file: it does not begin with BEGIN:VCALENDAR");
-    sawCalendar_ = true;
+    ++calendarsBegun_;
+    hasName_ = hasColor_ = false;
   } else if (open_.size() == 1 && (name == "VEVENT" || name == "VTIMEZONE")) {
     current_ = {.kind = name == "VEVENT" ? IcsComponent::Kind::kEvent : IcsComponent::Kind::kZone,
                 .text = "BEGIN:" + name + "\r\n",
                 .line = reader_.number()};
     keeping_ = true;
+    isBroken_ = false;
+  } else if (open_.size() == 1) {
+    leftOut_.countComponent(name);
+  } else if (keeping_ && current_.kind == IcsComponent::Kind::kEvent && open_.size() == 2) {
+    leftOut_.countInEvent(name);
   } else if (keeping_ && current_.kind == IcsComponent::Kind::kZone && open_.size() == 2) {
     current_.text += "BEGIN:" + name + "\r\n";
   }
   open_.push_back({std::move(name), reader_.number()});
 }
 
-/// True when the component that is being kept is complete.
+/// True when the component that is being kept, or a calendar, is complete.
 bool IcsScanner::end(const std::string& name) {
+  wasTiming_ = false;
   if (name != open_.back().name) {
-    fail("END:" + name + " comes before the END of " + open_.back().name + ", which begins in line " +
-         std::to_string(open_.back().line));
+    endBefore("END:" + name);
+    endInsideOut(name);
+    if (name != open_.back().name) return false;
   }
   open_.pop_back();
+  if (open_.empty()) {
+    current_ = {.kind = IcsComponent::Kind::kEnd, .line = reader_.number()};
+    return true;
+  }
   if (!keeping_) return false;
   const bool isZone = current_.kind == IcsComponent::Kind::kZone;
   if (open_.size() == 1 || (isZone && open_.size() == 2)) current_.text += "END:" + name + "\r\n";
   if (open_.size() > 1) return false;
   keeping_ = false;
-  return true;
+  return !isBroken_;
 }
 
 void IcsScanner::takeProperty(std::string_view name, std::size_t valueStart) {
@@ -145,12 +188,17 @@ void IcsScanner::takeProperty(std::string_view name, std::size_t valueStart) {
   const std::string_view value = std::string_view(line).substr(valueStart);
   if (value.empty()) return;  // As good as no property.
   if (open_.size() == 1) takeCalendarProperty(name, value);
+  wasTiming_ = false;
   if (!keeping_) return;
   if (current_.kind == IcsComponent::Kind::kEvent) {
     // What lies deeper belongs to an alarm.
     if (open_.size() != 2 || takeEventText(name, value)) return;
     const auto known = findName(kEventTiming, name);
-    if (!known) return;
+    if (!known) {
+      leftOut_.countInEvent(name);
+      return;
+    }
+    wasTiming_ = true;
     current_.lines.emplace_back(*known, reader_.number());
   } else if (open_.size() > 3 || current_.text.size() + line.size() > kLargestZone ||
              !findName(kZoneProperties, name) || (name == "RRULE" && !isHarmlessZoneRule(line))) {
@@ -161,9 +209,16 @@ void IcsScanner::takeProperty(std::string_view name, std::size_t valueStart) {
 }
 
 void IcsScanner::takeCalendarProperty(std::string_view name, std::string_view value) {
-  if (name == "X-WR-CALNAME" || (name == "NAME" && name_.empty()))
+  if (name == "X-WR-CALNAME" || (name == "NAME" && !hasName_)) {
     name_ = toUtf8(unescapedText(trimmed(value)));
-  if (name == "X-APPLE-CALENDAR-COLOR" || (name == "COLOR" && color_.empty())) color_ = value;
+    hasName_ = true;
+    // The colour of an earlier calendar is not that of one with a name of its own.
+    if (!hasColor_) color_.clear();
+  }
+  if (name == "X-APPLE-CALENDAR-COLOR" || (name == "COLOR" && !hasColor_)) {
+    color_ = value;
+    hasColor_ = true;
+  }
 }
 
 bool IcsScanner::takeEventText(std::string_view name, std::string_view value) {

@@ -2,17 +2,29 @@
 // calendar in memory. Of each it keeps the lines that the store has a use for.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "phone/eventkit/ics_left_out.h"
 #include "phone/eventkit/ics_reader.h"
 
 namespace phone {
 
+/// What libical is to read of an event. It is a small part of a file: descriptions, attendees, attachments
+/// and alarms would be parsed for nothing.
+inline constexpr std::string_view kEventTiming[] = {"DTEND",  "DTSTART", "DURATION", "EXDATE",
+                                                    "EXRULE", "RDATE",   "RRULE",    "RECURRENCE-ID"};
+
 struct IcsComponent {
-  enum class Kind { kEvent, kZone };
+  enum class Kind {
+    kEvent,
+    kZone,
+    kEnd  ///< of a calendar; without content
+  };
 
   Kind kind = Kind::kEvent;
   /// From BEGIN to END, in UTF-8, lines unfolded: a zone as a whole, of an event what says when it takes
@@ -29,19 +41,32 @@ struct IcsComponent {
   std::size_t lineOf(std::string_view property) const;
   /// The value of the first property of that name among `texts`; none if there is none.
   const std::string* textOf(std::string_view property) const;
+  /// What people call the event: " (event \"Dentist\")"; empty if it says nothing of the kind.
+  std::string label() const;
 };
 
 class IcsScanner {
  public:
-  explicit IcsScanner(const std::filesystem::path& file) : reader_(file) {}
+  using ReportProblem = std::function<void(const std::string&)>;
 
-  /// Goes to the next event or time zone; none at the end. Throws IcsError when the file is no calendar, or
-  /// is broken.
+  /// With `report`, what is broken is left out and reported as "file:line: reason" instead of thrown, as long
+  /// as there is something to go on with.
+  explicit IcsScanner(const std::filesystem::path& file, ReportProblem report = {})
+      : reader_(file), report_(std::move(report)) {}
+
+  /// Goes to the next event, time zone or end of a calendar; none at the end of the file. Throws IcsError
+  /// when the file is no calendar, or is broken.
   std::optional<IcsComponent> next();
 
-  /// What the calendar says of itself before its first event or zone; empty if nothing. Known after next().
+  /// How many calendars of the file have begun: most files hold one, an export of several holds them all.
+  std::size_t calendarsBegun() const { return calendarsBegun_; }
+  /// What the calendar says of itself before its first event or zone; if nothing, what an earlier one of the
+  /// file said; empty if none did. Known after next().
   const std::string& calendarName() const { return name_; }
   const std::string& calendarColor() const { return color_; }
+
+  /// What was read so far and is in no component.
+  const IcsLeftOut& leftOut() const { return leftOut_; }
 
   const std::filesystem::path& file() const { return reader_.file(); }
   std::uint64_t bytesRead() const { return reader_.bytesRead(); }
@@ -57,15 +82,27 @@ class IcsScanner {
   void takeProperty(std::string_view name, std::size_t valueStart);
   void takeCalendarProperty(std::string_view name, std::string_view value);
   bool takeEventText(std::string_view name, std::string_view value);
+  void endInsideOut(const std::string& name);
+  void endBefore(const std::string& line);
   [[noreturn]] void fail(const std::string& reason) const;
+  void complain(const std::string& reason) const;
 
   IcsReader reader_;
+  ReportProblem report_;
+  IcsLeftOut leftOut_;
   std::vector<OpenComponent> open_;
   IcsComponent current_;
   bool keeping_ = false;
-  bool sawCalendar_ = false;
+  std::size_t calendarsBegun_ = 0;
+  // What is being kept says when it takes place, in lines of which one may be lost.
+  bool isBroken_ = false;
+  bool wasTiming_ = false;
+  bool toldOfTextBehind_ = false;
   std::string name_;
   std::string color_;
+  // Whether the present calendar itself said so.
+  bool hasName_ = false;
+  bool hasColor_ = false;
 };
 
 }  // namespace phone

@@ -1,11 +1,15 @@
 #include "phone/eventkit/ics_zones.h"
 
 #include "phone/eventkit/ical_owned.h"
+#include "phone/eventkit/memory_check.h"
+#include "phone/eventkit/windows_zone.h"
 
 namespace phone {
 
 void IcsZones::define(const IcsComponent& component) {
+  const MemoryCheck memory;
   const OwnedComponent zone(icalparser_parse_string(component.text.c_str()));
+  memory.require();
   if (zone == nullptr) return;
   std::string name;
   Definition definition{{}, component.text};
@@ -23,12 +27,18 @@ void IcsZones::define(const IcsComponent& component) {
   definitions_.insert_or_assign(name, std::move(definition));
 }
 
+void IcsZones::endDefinitions() {
+  allDefined_ = true;
+  std::erase_if(resolved_, [](const auto& entry) { return !entry.second; });
+}
+
 std::optional<EventZone> IcsZones::resolve(const std::string& name) const {
   if (auto known = EventZone::named(name)) return known;
-  const auto defined = definitions_.find(name);
-  if (defined == definitions_.end()) return std::nullopt;
-  if (auto known = EventZone::named(defined->second.location)) return known;
-  return EventZone::defined(name, defined->second.text);
+  if (const auto defined = definitions_.find(name); defined != definitions_.end()) {
+    if (auto known = EventZone::named(defined->second.location)) return known;
+    if (auto custom = EventZone::defined(name, defined->second.text)) return custom;
+  }
+  return allDefined_ ? zoneNamedByWindows(name) : std::nullopt;
 }
 
 const EventZone* IcsZones::find(const std::string& name) {

@@ -11,11 +11,20 @@
 namespace phone {
 
 /// A name that the system knows means the system's zone, whatever the file says of it: many files define
-/// their zones for the years of their events only. Other names mean what the file defines.
+/// their zones for the years of their events only. Other names mean what the file defines. A name that
+/// nothing defines may be one of Windows's.
 class IcsZones {
  public:
+  /// `phoneZone` is where the phone is.
+  explicit IcsZones(EventZone phoneZone) : phoneZone_(std::move(phoneZone)) {}
+
+  const EventZone& phoneZone() const { return phoneZone_; }
+
   /// Takes a VTIMEZONE of the file.
   void define(const IcsComponent& component);
+  /// Says that the file has no more definitions. Names of Windows's are known from here on, and not before:
+  /// the file may define one in its own way, behind the events that use it.
+  void endDefinitions();
 
   /// The zone of that name, or none. Borrowed.
   const EventZone* find(const std::string& name);
@@ -28,8 +37,10 @@ class IcsZones {
 
   std::optional<EventZone> resolve(const std::string& name) const;
 
+  EventZone phoneZone_;
   std::map<std::string, Definition> definitions_;
   std::map<std::string, std::optional<EventZone>> resolved_;
+  bool allDefined_ = false;
 };
 
 }  // namespace phone

@@ -8,6 +8,9 @@ namespace phone {
 
 namespace {
 
+constexpr std::string_view kReplaced = "/RID=";
+constexpr std::string_view kReplacedAndLater = "/RANGE=";
+
 /// A 64-bit FNV-1a hash, started from `basis`.
 std::uint64_t hash(std::string_view text, std::uint64_t basis) {
   for (const unsigned char byte : text) basis = (basis ^ byte) * 0x100000001b3ULL;
@@ -79,24 +82,29 @@ std::string percentDecoded(std::string_view text) {
 }
 
 std::string eventIdentifier(std::string_view calendarIdentifier, std::string_view uid,
-                            const std::optional<RepetitionName>& replaces) {
+                            const std::optional<ReplacedRepetition>& replaces) {
   std::string identifier = percentEncoded(calendarIdentifier) + ":" + percentEncoded(uid);
-  if (replaces) identifier += "/RID=" + std::to_string(replaces->value);
+  if (replaces) {
+    identifier += replaces->andLater ? kReplacedAndLater : kReplaced;
+    identifier += std::to_string(replaces->value);
+  }
   return identifier;
 }
 
 std::optional<EventName> parseEventIdentifier(std::string_view identifier) {
   const std::size_t colon = identifier.find(':');
   if (colon == std::string_view::npos || colon == 0) return std::nullopt;
-  EventName name{percentDecoded(identifier.substr(0, colon)), {}, std::nullopt};
+  EventName name{percentDecoded(identifier.substr(0, colon)), {}, std::nullopt, false};
   std::string_view uid = identifier.substr(colon + 1);
-  constexpr std::string_view kReplaced = "/RID=";
-  if (const std::size_t mark = uid.find(kReplaced); mark != std::string_view::npos) {
-    const std::string_view digits = uid.substr(mark + kReplaced.size());
+  for (const std::string_view word : {kReplaced, kReplacedAndLater}) {
+    const std::size_t mark = uid.find(word);
+    if (mark == std::string_view::npos) continue;
+    const std::string_view digits = uid.substr(mark + word.size());
     Seconds seconds = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), seconds);
     if (error != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
     name.replaced = seconds;
+    name.andLater = word == kReplacedAndLater;
     uid = uid.substr(0, mark);
   }
   if (uid.empty()) return std::nullopt;

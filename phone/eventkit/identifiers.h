@@ -22,15 +22,17 @@ std::string percentEncoded(std::string_view text);
 /// The reverse; a % that begins no code stands for itself.
 std::string percentDecoded(std::string_view text);
 
-/// CALENDAR:UID, for an event that stands in for a repetition of another with /RID= and its seconds behind.
+/// CALENDAR:UID, for an event that stands in for a repetition of another with /RID= and its seconds behind,
+/// or /RANGE= if it changes all later ones, too.
 std::string eventIdentifier(std::string_view calendarIdentifier, std::string_view uid,
-                            const std::optional<RepetitionName>& replaces);
+                            const std::optional<ReplacedRepetition>& replaces);
 
 /// What an event identifier names.
 struct EventName {
   std::string calendarIdentifier;
   std::string uid;
   std::optional<Seconds> replaced;
+  bool andLater = false;
 };
 /// None when the text has not the form of an event identifier.
 std::optional<EventName> parseEventIdentifier(std::string_view identifier);

@@ -23,6 +23,10 @@ struct ImportOptions {
   /// Removes the events of the imported calendars that came from a file once and are in none now. Without it
   /// they stay, since a file may hold a part of a calendar only. Events made on the phone stay in any case.
   bool removeMissing = false;
+  /// Leaves out what is broken and takes the rest, instead of refusing everything.
+  bool skipBroken = false;
+  /// Where the phone is: ends of series that are given as instants are read there if the event has no zone.
+  EventZone phoneZone = EventZone::utc();
   /// Called now and then, and once at the end; may be empty.
   std::function<void(const ImportProgress&)> progress = {};
 };
@@ -40,10 +44,17 @@ struct ImportedCalendar {
   std::size_t removed = 0;
 };
 
+/// A file that is broken from beginning to end is not told of line by line.
+inline constexpr std::size_t kMaxListedOfFile = 100;
+
 struct ImportResult {
   std::vector<ImportedCalendar> calendars;
   /// What was read otherwise than the file may have meant it, as "file:line: reason".
   std::vector<std::string> warnings;
+  /// What was broken and left out, as "file:line: reason", kMaxListedOfFile for each file at most; how many
+  /// there were in all.
+  std::vector<std::string> broken;
+  std::size_t brokenCount = 0;
 };
 
 /// Imports each path in one transaction: all of them, or nothing.
@@ -56,7 +67,8 @@ struct ImportResult {
 /// A calendar of the same name is the same calendar: events that it has already, by uid and replaced
 /// repetition, are updated, and the others stay.
 ///
-/// Throws IcsError for a file that cannot be read and DatabaseError; nothing is changed then.
+/// Throws IcsError for a file that cannot be read, unless what is broken is to be left out, and
+/// DatabaseError; nothing is changed then.
 ImportResult importCalendars(CalendarDatabase& database, const std::vector<std::filesystem::path>& paths,
                              const ImportOptions& options = {});
 

@@ -1,14 +1,25 @@
 #include "phone/eventkit/occurrence_candidates.h"
 
 #include <algorithm>
-#include <tuple>
+#include <set>
 
 #include "phone/eventkit/occurrence_bucket.h"
 #include "phone/eventkit/recurrence_rule.h"
+#include "phone/eventkit/series_length.h"
 
 namespace phone {
 
 namespace {
+
+/// What all rules together may cost: some tenths of a second.
+constexpr std::int64_t kMaxSteps = 1'000'000;
+
+/// What a rule gets even then. It is enough for an ordinary one: one bad file must not hide the others.
+constexpr std::int64_t kStepsInAnyCase = 50;
+
+/// Finding out when the clocks of a zone change that a file defines takes milliseconds; of so many zones at
+/// most.
+constexpr std::size_t kMaxDefinedZones = 100;
 
 /// The wall times that a clock in the zone can show during the range. Clocks go back by three hours at most.
 TimeRange wallRange(const EventZone& zone, TimeRange range) {
@@ -19,36 +30,32 @@ TimeRange wallRange(const EventZone& zone, TimeRange range) {
 
 class CandidateSearch {
  public:
-  CandidateSearch(CalendarDatabase& database, TimeRange range, const EventZone& phoneZone)
-      : database_(database), range_(range), phoneRange_(wallRange(phoneZone, range)) {}
+  CandidateSearch(CalendarDatabase& database, TimeRange range, const EventZone& phoneZone,
+                  const std::function<Verdict(const OccurrenceCandidate&)>& judge)
+      : database_(database), range_(range), phoneRange_(wallRange(phoneZone, range)), judge_(judge) {}
 
-  std::vector<OccurrenceCandidate> run() {
+  CandidateOmissions run() {
     for (int length = 0; length < kBucketLengths; ++length) {
       const Seconds longest = length + 1 < kBucketLengths ? longestInBucket(length) : kEndless;
       collectListed(bucketOf(false, length), longest, range_);
       collectListed(bucketOf(true, length), longest, phoneRange_);
     }
     collectRepeating();
-    std::sort(found_.begin(), found_.end(), [](const auto& left, const auto& right) {
-      return std::tie(left.event, left.start) < std::tie(right.event, right.start);
-    });
-    // A repetition can be named twice: as the start and by the rule, by two rules, by a rule and a date.
-    const auto last = std::unique(found_.begin(), found_.end(), [](const auto& left, const auto& right) {
-      return left.event == right.event && left.start == right.start;
-    });
-    found_.erase(last, found_.end());
-    return std::move(found_);
+    collectTails();
+    return omissions_;
   }
 
  private:
   void collectListed(std::int64_t bucket, Seconds longest, TimeRange range) {
     Statement& query = database_.prepared(
-        "SELECT event, start, end FROM occurrence WHERE bucket = ?1 AND start >= ?2 AND start < ?3");
+        "SELECT event, start, end FROM occurrence WHERE bucket = ?1 AND start >= ?2 AND start < ?3 "
+        "ORDER BY start");
     const StatementScope scope(query);
     query.bind(1, bucket).bind(2, range.start - longest).bind(3, range.end);
     while (query.step()) {
       const OccurrenceCandidate candidate{query.integer(0), query.integer(1), query.integer(2)};
-      if (overlaps(range, candidate.start, candidate.end)) found_.push_back(candidate);
+      if (!overlaps(range, candidate.start, candidate.end)) continue;
+      if (judge_(candidate) == Verdict::kTooLate) return;
     }
   }
 
@@ -59,38 +66,104 @@ class CandidateSearch {
     const StatementScope scope(query);
     query.bind(1, range_.start - kSecondsPerDay).bind(2, range_.end + kSecondsPerDay);
     while (query.step()) {
-      collectSeries(query.integer(0), query.integer(1), query.integer(2), database_.zone(query.integer(3)),
+      const EventZone* const zone = database_.zone(query.integer(3));
+      if (!mayUse(zone)) continue;
+      collectSeries(query.integer(0), query.integer(1), SeriesLength::fromStored(query.integer(2)), zone,
                     query.text(4));
     }
   }
 
-  void collectSeries(std::int64_t event, Seconds start, Seconds duration, const EventZone* zone,
-                     const std::string& rule) {
-    // What ends just as the range starts must not count towards the limit.
-    const Seconds ahead = std::max<Seconds>(duration - 1, 0);
-    const TimeRange wall = zone == nullptr ? TimeRange{phoneRange_.start - ahead, phoneRange_.end}
-                                           : wallRange(*zone, {range_.start - ahead, range_.end});
-    starts_.clear();
-    RecurrenceRule::fromStored(rule, zone == nullptr ? start : zone->toWall(start))
-        .appendStarts(wall.start, wall.end, starts_);
-    for (const Seconds wallStart : starts_) {
-      const Seconds stored = zone == nullptr ? wallStart : zone->toInstant(wallStart);
-      found_.push_back({event, stored, stored + duration});
+  bool mayUse(const EventZone* zone) {
+    if (zone == nullptr || zone->definition().empty() || definedZones_.contains(zone)) return true;
+    if (definedZones_.size() == kMaxDefinedZones) {
+      omissions_.isBudgetSpent = true;
+      return false;
     }
+    definedZones_.insert(zone);
+    return true;
+  }
+
+  void collectSeries(std::int64_t event, Seconds start, SeriesLength length, const EventZone* zone,
+                     const std::string& text) {
+    const TimeRange wall = wallRangeOf(zone, length);
+    follow(text, zone == nullptr ? start : zone->toWall(start), wall, [&](Seconds wallStart) {
+      const Seconds stored = zone == nullptr ? wallStart : zone->toInstant(wallStart);
+      return judge_({event, stored, length.endAfter(stored, zone)});
+    });
+  }
+
+  void collectTails() {
+    Statement& query = database_.prepared(
+        "SELECT event, zone, duration, base, base_zone, base_wall_start, rule, first, last, shift FROM tail "
+        "WHERE last_end >= ?1 AND start < ?2");
+    const StatementScope scope(query);
+    query.bind(1, range_.start - kSecondsPerDay).bind(2, range_.end + kSecondsPerDay);
+    while (query.step()) collectTail(query);
+  }
+
+  void collectTail(Statement& tail) {
+    const std::int64_t event = tail.integer(0);
+    const EventZone* const zone = database_.zone(tail.integer(1));
+    const Seconds duration = tail.integer(2);
+    const std::int64_t series = tail.integer(3);
+    const EventZone* const seriesZone = database_.zone(tail.integer(4));
+    const Seconds shift = tail.integer(9);
+    const auto propose = [&](Seconds wallStart) {
+      const Seconds stored = zone == nullptr ? wallStart + shift : zone->toInstant(wallStart + shift);
+      const Seconds repetition = seriesZone == nullptr ? wallStart : seriesZone->toInstant(wallStart);
+      return judge_({event, stored, stored + duration, series, repetition});
+    };
+    const TimeRange wall = wallRangeOf(zone, {0, duration});
+    const TimeRange asked{std::max(wall.start - shift, tail.integer(7)),
+                          std::min(wall.end - shift, tail.integer(8))};
+    if (const std::string rule = tail.text(6); !rule.empty()) {
+      follow(rule, tail.integer(5), asked, propose);
+    } else if (asked.start <= asked.end) {
+      propose(asked.start);
+    }
+  }
+
+  /// The wall times at which an occurrence of that length may start. What ends just as the range starts is
+  /// not asked for.
+  TimeRange wallRangeOf(const EventZone* zone, SeriesLength length) const {
+    const Seconds ahead = std::max<Seconds>(length.longest() - 1, 0);
+    return zone == nullptr ? TimeRange{phoneRange_.start - ahead, phoneRange_.end}
+                           : wallRange(*zone, {range_.start - ahead, range_.end});
+  }
+
+  /// Proposes the starts of a rule within the wall times until there are enough.
+  template <typename Propose>
+  void follow(const std::string& text, Seconds wallStart, TimeRange wall, Propose propose) {
+    std::size_t taken = 0;
+    bool isEnough = false;
+    const auto useStart = [&](Seconds start) {
+      const Verdict verdict = propose(start);
+      if (verdict == Verdict::kTaken && ++taken == kMaxOccurrencesOfRule) ++omissions_.cutRules;
+      isEnough = verdict == Verdict::kTooLate || verdict == Verdict::kUnwantedEvent ||
+                 taken == kMaxOccurrencesOfRule;
+      return !isEnough;
+    };
+    WalkBudget share(kStepsInAnyCase);
+    const bool wasWalked =
+        RecurrenceRule::fromStored(text, wallStart)
+            .forEachStart(wall.start, wall.end, budget_.isSpent() ? share : budget_, useStart);
+    if (!wasWalked && !isEnough) omissions_.isBudgetSpent = true;
   }
 
   CalendarDatabase& database_;
   TimeRange range_;
   TimeRange phoneRange_;
-  std::vector<OccurrenceCandidate> found_;
-  std::vector<Seconds> starts_;
+  const std::function<Verdict(const OccurrenceCandidate&)>& judge_;
+  WalkBudget budget_{kMaxSteps};
+  std::set<const EventZone*> definedZones_;
+  CandidateOmissions omissions_;
 };
 
 }  // namespace
 
-std::vector<OccurrenceCandidate> collectCandidates(CalendarDatabase& database, TimeRange range,
-                                                   const EventZone& phoneZone) {
-  return CandidateSearch(database, range, phoneZone).run();
+CandidateOmissions collectCandidates(CalendarDatabase& database, TimeRange range, const EventZone& phoneZone,
+                                     const std::function<Verdict(const OccurrenceCandidate&)>& judge) {
+  return CandidateSearch(database, range, phoneZone, judge).run();
 }
 
 }  // namespace phone

@@ -2,90 +2,102 @@
 
 #include <algorithm>
 
-#include "phone/eventkit/day_filter.h"
+#include "phone/eventkit/foreign_rule.h"
+#include "phone/eventkit/ical_lists.h"
 #include "phone/eventkit/ical_owned.h"
-#include "phone/eventkit/position_rule.h"
-#include "phone/eventkit/rule_iterator.h"
-#include "phone/eventkit/subday_rule.h"
 
 namespace phone {
 
 namespace {
 
-/// Every combination of date and weekday comes round in this time, except for the rarest leap years.
-constexpr std::int64_t kDaysUntilDatesRepeat = 28L * 366;
+/// A number of occurrences is looked for this far. It is a millisecond at most, and enough for any rule that
+/// fits now and then.
+constexpr std::int64_t kMaxStepsToEnd = 50'000;
+
+/// The Gregorian calendar repeats itself after so many years: what has not ended by then is as good as
+/// endless, and what has not occurred never will.
+constexpr Seconds kMaxTimeToEnd = 146'097 * kSecondsPerDay;
+
+/// In other calendars, where a step is a thousand times as long, and nobody lives to see more.
+constexpr int kMaxForeignCount = 100;
 
 /// The wall time of the rule's last moment. Files write it as an instant, as a wall time or as a whole day.
-Seconds wallUntil(const icaltimetype& until, const EventZone* zone) {
+Seconds wallUntil(const icaltimetype& until, const EventZone& zone) {
   const Seconds seconds = wallSeconds(until);
   if (until.is_date != 0) return seconds + kSecondsPerDay - 1;
-  return icaltime_is_utc(until) != 0 && zone != nullptr ? zone->toWall(seconds) : seconds;
+  return icaltime_is_utc(until) != 0 ? zone.toWall(seconds) : seconds;
 }
 
-/// A numbered week without weekdays means the weekday of the start; libical knows only the former.
-void nameWeekday(icalrecurrencetype& rule, Seconds wallStart) {
-  const bool isWeekOnly =
-      rule.by_week_no[0] != ICAL_RECURRENCE_ARRAY_MAX && rule.by_day[0] == ICAL_RECURRENCE_ARRAY_MAX;
-  if (!isWeekOnly) return;
-  rule.by_day[0] = static_cast<short>(icaltime_day_of_week(icalTime(wallStart)));
-  rule.by_day[1] = ICAL_RECURRENCE_ARRAY_MAX;
+bool isWithinDay(const icalrecurrencetype& rule) {
+  return rule.freq == ICAL_HOURLY_RECURRENCE || rule.freq == ICAL_MINUTELY_RECURRENCE ||
+         rule.freq == ICAL_SECONDLY_RECURRENCE;
 }
 
 }  // namespace
 
-std::optional<RecurrenceRule> RecurrenceRule::fromFile(icalrecurrencetype rule, Seconds wallStart,
-                                                       const EventZone* zone) {
-  if (icaltime_is_null_time(rule.until) == 0) rule.until = icalTime(wallUntil(rule.until, zone));
-  nameWeekday(rule, wallStart);
-  RecurrenceRule read(rule, wallStart);
-  if (read.lastStart() < wallStart) return std::nullopt;
-  const std::int64_t day = dayOf(wallStart);
-  const std::int64_t last = day + kDaysUntilDatesRepeat * std::max<std::int64_t>(rule.interval, 1);
-  constexpr std::int64_t kFarthestDay = 3'000'000;  // Beyond the last year.
-  if (DayFilter(rule, wallStart).firstWithin(day, std::min(last, kFarthestDay)) >
-      std::min(last, kFarthestDay)) {
-    return std::nullopt;
+RecurrenceRule::RecurrenceRule(const icalrecurrencetype& rule, Seconds wallStart)
+    : rule_(rule), wallStart_(wallStart) {
+  rule_.rscale = nullptr;
+  if (isForeign(rule)) calendar_ = rule.rscale;
+}
+
+std::optional<RecurrenceRule> RecurrenceRule::fromFile(const icalrecurrencetype& rule, const RuleStart& start,
+                                                       WalkBudget& toEnds) {
+  RecurrenceRule read(rule, start.wall);
+  if (icaltime_is_null_time(rule.until) == 0) {
+    read.endAt(wallUntil(rule.until, start.zone));
   }
-  if (rule.count > 0 && !read.endCounted()) return std::nullopt;
+  if (start.isAllDay) {
+    if (isWithinDay(rule)) return std::nullopt;
+    clear(read.rule_.by_hour);
+    clear(read.rule_.by_minute);
+    clear(read.rule_.by_second);
+  }
+  if (read.lastStart() < start.wall) return std::nullopt;
+  if (read.countsInForeignCalendar() && !namesForeignDates(rule)) return std::nullopt;
+  if (rule.count > 0 && !read.endCounted(toEnds)) return std::nullopt;
   return read;
 }
 
 /// Replaces a number of occurrences by the time of the last one. False when only the start is left.
-bool RecurrenceRule::endCounted() {
-  const int count = rule_.count;
+bool RecurrenceRule::endCounted(WalkBudget& toEnds) {
+  const int named = rule_.count;
   rule_.count = 0;
-  if (count > kLargestCount) return true;
-  std::vector<Seconds> starts;
-  const auto wanted = static_cast<std::size_t>(count);
-  if (repeatsWithinDay(rule_)) {
-    // The walk looks at every day on its own, so a rule that hardly ever fits is given up after a while.
-    appendSubdayOccurrences(rule_, wallStart_, wallStart_,
-                            wallStart_ + kDaysUntilDatesRepeat * kSecondsPerDay, wanted, starts);
-  } else if (choosesByPosition(rule_)) {
-    appendOccurrencesByPosition(rule_, wallStart_, wallStart_,
-                                wallStart_ + kDaysUntilDatesRepeat * kSecondsPerDay, wanted, starts);
-  } else {
-    RuleIterator iterator(rule_, wallStart_, wallStart_);
-    while (starts.size() < wanted) {
-      const auto next = iterator.next();
-      if (!next) break;
-      starts.push_back(*next);
-    }
-  }
+  if (named > (countsInForeignCalendar() ? kMaxForeignCount : kMaxCount)) return true;
+  if (toEnds.isSpent()) return true;
   // The start counts as the first occurrence, also where the rule itself leaves it out.
-  if (!starts.empty() && starts.front() != wallStart_ && starts.size() == wanted) starts.pop_back();
-  if (starts.empty()) return false;
-  rule_.until = icalTime(starts.back());
-  return true;
+  int left = named - 1;
+  Seconds last = wallStart_;
+  const std::int64_t share = countsInForeignCalendar() ? (named + 2) * kStepsPerForeignDate : kMaxStepsToEnd;
+  WalkBudget budget(share);
+  const auto count = [&](Seconds start) {
+    last = start;
+    return --left > 0;
+  };
+  const bool isEndless = left > 0 && forEachStart(wallStart_ + 1, wallStart_ + kMaxTimeToEnd, budget, count);
+  toEnds.take(share - budget.left());
+  if (!isEndless) endAt(last);
+  return last > wallStart_;
 }
 
 RecurrenceRule RecurrenceRule::fromStored(const std::string& text, Seconds wallStart) {
-  return {icalrecurrencetype_from_string(text.c_str()), wallStart};
+  const icalrecurrencetype parsed = icalrecurrencetype_from_string(text.c_str());
+  const OwnedIcalText calendar(parsed.rscale);
+  return {parsed, wallStart};
+}
+
+void RecurrenceRule::endAt(Seconds wall) { rule_.until = icalTime(std::min(wall, kLastWallTime)); }
+
+/// The rule as libical takes it; the calendar's name is borrowed.
+icalrecurrencetype RecurrenceRule::parsed() const {
+  icalrecurrencetype rule = rule_;
+  if (countsInForeignCalendar()) rule.rscale = const_cast<char*>(calendar_.c_str());
+  return rule;
 }
 
 std::string RecurrenceRule::text() const {
-  icalrecurrencetype copy = rule_;
-  const OwnedIcalText text(icalrecurrencetype_as_string_r(&copy));
+  icalrecurrencetype rule = parsed();
+  const OwnedIcalText text(icalrecurrencetype_as_string_r(&rule));
   return text == nullptr ? "" : text.get();
 }
 
@@ -95,47 +107,23 @@ Seconds RecurrenceRule::lastStart() const {
 
 RecurrenceRule RecurrenceRule::endingBefore(Seconds wall) const {
   RecurrenceRule ended = *this;
-  ended.rule_.until = icalTime(std::min(lastStart(), wall - 1));
+  ended.endAt(std::min(lastStart(), wall - 1));
   return ended;
 }
 
 RecurrenceRule RecurrenceRule::shifted(Seconds shift) const {
   RecurrenceRule moved = *this;
   moved.wallStart_ += shift;
-  if (lastStart() != kEndless) moved.rule_.until = icalTime(lastStart() + shift);
+  if (lastStart() != kEndless) moved.endAt(lastStart() + shift);
   return moved;
 }
 
-void RecurrenceRule::appendStarts(Seconds from, Seconds to, std::vector<Seconds>& starts) const {
+bool RecurrenceRule::forEachStart(Seconds from, Seconds to, WalkBudget& budget, const UseStart& use) const {
   from = std::max(from, wallStart_);
-  to = std::min(to, lastStart());
-  if (rule_.freq == ICAL_NO_RECURRENCE || from > to) return;
-  const std::size_t limit = starts.size() + kMostOccurrences;
-  if (repeatsWithinDay(rule_)) {
-    appendSubdayOccurrences(rule_, wallStart_, from, to, limit, starts);
-    return;
-  }
-  const DayFilter filter(rule_, wallStart_);
-  const std::int64_t lastDay = dayOf(to);
-  const std::int64_t firstDay = filter.firstWithin(dayOf(from), lastDay);
-  if (firstDay > lastDay) return;
-  if (choosesByPosition(rule_)) {
-    appendOccurrencesByPosition(rule_, wallStart_, from, to, limit, starts);
-    return;
-  }
-  RuleIterator iterator(rule_, wallStart_, std::max(wallStart_, firstDay * kSecondsPerDay));
-  while (starts.size() < limit) {
-    const auto start = iterator.next();
-    if (!start || *start > to) return;
-    if (*start >= from) starts.push_back(*start);
-    // libical works a whole year out to find that the next birthday lies beyond the range.
-    if (isOnceADay() && filter.firstWithin(dayOf(*start) + 1, lastDay) > lastDay) return;
-  }
-}
-
-bool RecurrenceRule::isOnceADay() const {
-  return rule_.by_hour[0] == ICAL_RECURRENCE_ARRAY_MAX && rule_.by_minute[0] == ICAL_RECURRENCE_ARRAY_MAX &&
-         rule_.by_second[0] == ICAL_RECURRENCE_ARRAY_MAX;
+  to = std::min({to, lastStart(), kLastWallTime});
+  if (rule_.freq == ICAL_NO_RECURRENCE || from > to) return true;
+  if (countsInForeignCalendar()) return forEachForeignStart(parsed(), wallStart_, from, to, budget, use);
+  return RecurrenceWalk(rule_, wallStart_).forEach(from, to, budget, use);
 }
 
 }  // namespace phone

@@ -1,13 +1,12 @@
 #include "phone/eventkit/schema.h"
 
+#include <iterator>
 #include <memory>
 #include <new>
 
 namespace phone {
 
 namespace {
-
-constexpr std::int64_t kVersion = 1;
 
 // A query for a range of time must touch only what can fall into it:
 //
@@ -19,7 +18,7 @@ constexpr std::int64_t kVersion = 1;
 // event_date names what an event that repeats leaves out (kinds 1 to 3, see RepetitionKind) or adds (kind 0).
 // An event that stands in for a repetition of another says so itself, in replaces_kind and replaces_value;
 // the repetition is left out because such a row exists, in whatever order the two came into the store.
-constexpr const char* kTables = R"sql(
+constexpr const char* kFirstTables = R"sql(
 CREATE TABLE calendar (
   id INTEGER PRIMARY KEY,
   identifier TEXT NOT NULL UNIQUE,
@@ -79,14 +78,70 @@ CREATE TABLE event_date (
 PRAGMA user_version = 1;
 )sql";
 
+// exception_rule holds the rules that leave repetitions out.
+//
+// An event can stand in for a repetition and change all later ones (replaces_kind 4 to 6: the same names, and
+// "all later ones"). What it makes of them is worked out when it comes into the store: tail holds one row for
+// each stretch of a rule, and for each single date (of an empty rule), that such an event changes. Their
+// starts are wall times of the series, "base", and "shift" leads from them to wall times of the event. The
+// series itself ends, for a search, at changed_from.
+constexpr const char* kChangesOfLaterRepetitions = R"sql(
+CREATE TABLE exception_rule (
+  event INTEGER NOT NULL,
+  wall_start INTEGER NOT NULL,
+  rule TEXT NOT NULL,
+  PRIMARY KEY (event, wall_start, rule)
+) WITHOUT ROWID;
+ALTER TABLE event ADD COLUMN changed_from INTEGER;
+CREATE INDEX event_changing_later ON event (calendar, uid) WHERE replaces_kind > 3;
+CREATE TABLE tail (
+  id INTEGER PRIMARY KEY,
+  event INTEGER NOT NULL,
+  zone INTEGER NOT NULL,
+  duration INTEGER NOT NULL,
+  base INTEGER NOT NULL,
+  base_zone INTEGER NOT NULL,
+  base_wall_start INTEGER NOT NULL,
+  rule TEXT NOT NULL,
+  first INTEGER NOT NULL,
+  last INTEGER NOT NULL,
+  shift INTEGER NOT NULL,
+  start INTEGER NOT NULL,
+  last_end INTEGER NOT NULL
+);
+CREATE INDEX tail_by_last_end ON tail (last_end);
+CREATE INDEX tail_by_base ON tail (base);
+PRAGMA user_version = 2;
+)sql";
+
+/// Step n leads from version n to the next one. A new database takes them all.
+constexpr const char* kSteps[] = {kFirstTables, kChangesOfLaterRepetitions};
+constexpr std::int64_t kVersion = std::size(kSteps);
+
+std::int64_t versionOf(Connection& connection) {
+  Statement query(connection.handle(), "PRAGMA user_version");
+  query.step();
+  return query.integer(0);
+}
+
+void addWhatIsNew(Connection& connection) {
+  Transaction transaction(connection);
+  // Another process may have been quicker.
+  for (std::int64_t version = versionOf(connection); version < kVersion; ++version) {
+    connection.execute(kSteps[version]);
+  }
+  transaction.commit();
+}
+
 }  // namespace
 
 std::string newDatabaseContent() {
   sqlite3* opened = nullptr;
   const int code = sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> memory(opened, &sqlite3_close);
-  if (code != SQLITE_OK || sqlite3_exec(opened, kTables, nullptr, nullptr, nullptr) != SQLITE_OK) {
-    throw std::bad_alloc();
+  if (code != SQLITE_OK) throw std::bad_alloc();
+  for (const char* const step : kSteps) {
+    if (sqlite3_exec(opened, step, nullptr, nullptr, nullptr) != SQLITE_OK) throw std::bad_alloc();
   }
   sqlite3_int64 length = 0;
   const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> bytes(
@@ -96,12 +151,12 @@ std::string newDatabaseContent() {
 }
 
 void requireTables(Connection& connection) {
-  Statement query(connection.handle(),
-                  "SELECT (SELECT count(*) FROM sqlite_master), user_version "
-                  "FROM pragma_user_version");
-  query.step();
-  if (query.integer(1) == kVersion) return;
-  const bool isEmpty = query.integer(1) == 0 && query.integer(0) == 0;
+  const std::int64_t version = versionOf(connection);
+  if (version > 0 && version < kVersion) addWhatIsNew(connection);
+  if (version > 0 && version <= kVersion) return;
+  Statement tables(connection.handle(), "SELECT count(*) FROM sqlite_master");
+  tables.step();
+  const bool isEmpty = version == 0 && tables.integer(0) == 0;
   throw DatabaseError(std::string(sqlite3_db_filename(connection.handle(), "main")) +
                       (isEmpty ? ": the calendar database is empty"
                                : ": this is no calendar database of this version of the phone") +

@@ -10,8 +10,9 @@ namespace phone {
 /// The content of a new database's file, with the tables and nothing in them.
 std::string newDatabaseContent();
 
-/// Makes sure that the tables are there. Throws DatabaseError when the file is empty, or a database of
-/// another kind or of another version of the phone.
+/// Makes sure that the tables are there; a database of an earlier version of the phone gets those that it
+/// lacks. Throws DatabaseError when the file is empty, or a database of another kind or of a later version of
+/// the phone.
 void requireTables(Connection& connection);
 
 }  // namespace phone

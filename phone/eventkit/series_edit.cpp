@@ -7,24 +7,15 @@ namespace phone {
 
 namespace {
 
-Seconds wallOf(const EventRecord& series, Seconds stored) {
-  return series.zone ? series.zone->toWall(stored) : stored;
-}
-
-Seconds storedOf(const EventRecord& series, Seconds wall) {
-  return series.zone ? series.zone->toInstant(wall) : wall;
-}
-
 /// When the named repetition starts; a day counts from its midnight.
 Seconds storedStartOf(const EventRecord& series, const RepetitionName& name) {
-  return name.kind == RepetitionKind::kInstant ? name.value : storedOf(series, name.value);
+  return name.kind == RepetitionKind::kInstant ? name.value : series.toStored(name.value);
 }
 
 RepetitionName renamed(const RepetitionName& name, const EventRecord& before, const EventRecord& after) {
   const Seconds shift = after.wallStart() - before.wallStart();
   if (name.kind == RepetitionKind::kDay) return {name.kind, name.value + dayOf(shift) * kSecondsPerDay};
-  const Seconds wall = name.kind == RepetitionKind::kInstant ? wallOf(before, name.value) : name.value;
-  return repetitionAt(after, storedOf(after, wall + shift));
+  return repetitionAt(after, after.toStored(before.wallOf(name) + shift));
 }
 
 }  // namespace
@@ -36,7 +27,7 @@ RepetitionName repetitionAt(const EventRecord& series, Seconds storedStart) {
 void keepHead(EventRecord& series, Seconds storedStart) {
   for (std::string& rule : series.rules) {
     rule =
-        RecurrenceRule::fromStored(rule, series.wallStart()).endingBefore(wallOf(series, storedStart)).text();
+        RecurrenceRule::fromStored(rule, series.wallStart()).endingBefore(series.toWall(storedStart)).text();
   }
   std::erase_if(series.added, [&](const AddedDate& date) { return date.start >= storedStart; });
   std::erase_if(series.excluded,
@@ -56,8 +47,12 @@ void moveRepetitions(EventRecord& series, const EventRecord& before) {
   }
   for (RepetitionName& name : series.excluded) name = renamed(name, before, series);
   for (AddedDate& date : series.added) {
-    date.start = storedOf(series, wallOf(before, date.start) + shift);
+    date.start = series.toStored(before.toWall(date.start) + shift);
     date.end = date.start + series.duration();
+  }
+  for (ExceptionRule& exception : series.exceptionRules) {
+    exception.rule = RecurrenceRule::fromStored(exception.rule, exception.wallStart).shifted(shift).text();
+    exception.wallStart += shift;
   }
 }
 
@@ -67,7 +62,7 @@ void moveReplacements(CalendarDatabase& database, const EventRecord& from, const
   for (const std::int64_t row : replacingEvents(database, from.calendar, from.uid)) {
     EventRecord replacement = readEvent(database, row);
     if (storedStartOf(from, *replacement.replaces) < storedSince) continue;
-    replacement.replaces = renamed(*replacement.replaces, from, to);
+    replacement.replaces = {renamed(*replacement.replaces, from, to), replacement.replaces->andLater};
     replacement.calendar = to.calendar;
     replacement.uid = to.uid;
     // All leave their places before the first takes a new one, which may have been another's.

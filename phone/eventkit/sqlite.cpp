@@ -11,9 +11,11 @@ namespace {
 
 constexpr int kLockPatienceMilliseconds = 10'000;
 
-/// What the operating system said to SQLite's last call of it.
+/// What the operating system said last about the database's file, or else to SQLite's last call of it.
 std::string systemReason(sqlite3* connection) {
-  const int number = sqlite3_system_errno(connection);
+  int number = 0;
+  sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &number);
+  if (number == 0) number = sqlite3_system_errno(connection);
   return number == 0 ? "" : std::string(" (") + std::strerror(number) + ")";
 }
 
@@ -22,6 +24,10 @@ std::string reasonOf(sqlite3* connection) {
     case SQLITE_NOTADB:
       return "this is no calendar database; move the file away and import the calendars again";
     case SQLITE_CORRUPT:
+      // SQLite takes a disk that cannot be read for a damaged file. Nobody should move a good one away.
+      if (const std::string reason = systemReason(connection); !reason.empty()) {
+        return "the calendar database cannot be read" + reason;
+      }
       return "the calendar database is damaged; move the file away and import the calendars again";
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -114,7 +120,12 @@ void Statement::run() {
 
 std::string Statement::text(int column) {
   const auto* const start = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
-  if (start == nullptr) return {};
+  if (start == nullptr) {
+    // NULL and missing memory look the same.
+    sqlite3* const connection = sqlite3_db_handle(statement_.get());
+    if (sqlite3_errcode(connection) == SQLITE_NOMEM) fail(connection);
+    return {};
+  }
   return {start, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 
@@ -137,7 +148,8 @@ Snapshot::Snapshot(Connection& connection) : connection_(connection) { connectio
 
 Snapshot::~Snapshot() { sqlite3_exec(connection_.handle(), "COMMIT", nullptr, nullptr, nullptr); }
 
-Transaction::Transaction(Connection& connection) : connection_(connection) {
+Transaction::Transaction(Connection& connection, std::function<void()> beforeCommit)
+    : connection_(connection), beforeCommit_(std::move(beforeCommit)) {
   connection.execute("BEGIN IMMEDIATE");
 }
 
@@ -147,6 +159,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
+  if (beforeCommit_) beforeCommit_();
   connection_.execute("COMMIT");
   open_ = false;
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <sqlite3.h>
 #include <stdexcept>
@@ -35,6 +36,7 @@ class Statement {
   void reset() { sqlite3_reset(statement_.get()); }
 
   std::int64_t integer(int column) { return sqlite3_column_int64(statement_.get(), column); }
+  /// Empty for NULL. Throws DatabaseError when there is no memory for it.
   std::string text(int column);
   bool isNull(int column) { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
 
@@ -89,7 +91,8 @@ class Snapshot {
 /// Everything between begin and commit happens whole or not at all; without a commit, not at all.
 class Transaction {
  public:
-  explicit Transaction(Connection& connection);
+  /// `beforeCommit` is what is left to do once everything else is done.
+  explicit Transaction(Connection& connection, std::function<void()> beforeCommit = {});
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
@@ -98,6 +101,7 @@ class Transaction {
 
  private:
   Connection& connection_;
+  std::function<void()> beforeCommit_;
   bool open_ = true;
 };
 

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include "phone/eventkit/eventkit.h"
+#include "phone/eventkit/memory_check.h"
 #include "phone/foundation/phone_root.h"
 #include "platform/foundation/ns_string.h"
 
@@ -89,8 +90,10 @@ bool withDatabase(const std::function<void(CalendarDatabase&)>& work) {
   CalendarDatabase* const database = sharedDatabase();
   if (database == nullptr) return false;
   try {
+    const MemoryCheck memory;
     const Snapshot snapshot(database->connection());
     work(*database);
+    if (memory.wasShort()) throw DatabaseError("there is not enough memory to read the calendar");
     return true;
   } catch (const DatabaseError& error) {
     reportStoreProblem(error.what());

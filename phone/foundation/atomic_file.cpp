@@ -5,7 +5,6 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
-#include <stdexcept>
 #include <stdio.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -19,12 +18,8 @@ namespace {
 constexpr std::string_view kTemporaryMark = ".writing-";
 constexpr std::string_view kTemporaryEnd = "XXXXXX";
 
-/// Beyond any file of a phone's settings: a sparse file can claim more than there is memory.
-constexpr off_t kLargestFile = 256 << 20;
-
 [[noreturn]] void fail(const char* what, const std::filesystem::path& file, int reason) {
-  throw std::runtime_error(std::string("cannot ") + what + " " + file.string() + ": " +
-                           std::strerror(reason));
+  throw FileError(std::string("cannot ") + what + " " + file.string() + ": " + std::strerror(reason), reason);
 }
 
 /// A write beyond the process's file size limit is an error like any other, not the end of the process.
@@ -42,6 +37,15 @@ class SizeSignalIgnored {
  private:
   struct sigaction before_ {};
 };
+
+/// Runs a call of the system until no signal cuts it off.
+template <typename Call>
+auto uninterrupted(Call call) {
+  for (;;) {
+    const auto result = call();
+    if (result >= 0 || errno != EINTR) return result;
+  }
+}
 
 /// The permissions that the new file gets: those of the old one, else what the user lets new files have.
 mode_t permissionsFor(const std::filesystem::path& target) {
@@ -72,7 +76,7 @@ void requirePlainFileOrNone(const std::filesystem::path& target) {
   struct stat status {};
   if (lstat(target.c_str(), &status) != 0 || S_ISREG(status.st_mode)) return;
   if (S_ISDIR(status.st_mode)) fail("write", target, EISDIR);
-  throw std::runtime_error("cannot write " + target.string() + ": it is no plain file");
+  throw FileError("cannot write " + target.string() + ": it is no plain file", EINVAL);
 }
 
 struct TemporaryFile {
@@ -90,8 +94,11 @@ std::string temporaryPrefix(const std::filesystem::path& target) {
 TemporaryFile makeTemporaryFile(const std::filesystem::path& target) {
   const std::filesystem::path pattern = target.parent_path() / temporaryPrefix(target).append(kTemporaryEnd);
   for (;;) {
-    std::string name = pattern.string();
-    FileDescriptor made(mkostemp(name.data(), O_CLOEXEC));
+    std::string name;
+    FileDescriptor made(uninterrupted([&] {
+      name = pattern.string();
+      return mkostemp(name.data(), O_CLOEXEC);
+    }));
     if (!made) fail("write", target, errno);
     flock(made.number(), LOCK_EX);
     // Another writer may have taken the file for a left-over one before it was locked.
@@ -125,8 +132,15 @@ bool renameWithoutReplacing(const char* from, const char* to) {
   return link(from, to) == 0 && unlink(from) == 0;
 }
 
+/// Makes the folder's entries outlast a machine that stops. Some file systems cannot, and say so.
+bool flushFolder(const std::filesystem::path& folder) {
+  const FileDescriptor opened(
+      uninterrupted([&folder] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+  return opened && (fsync(opened.number()) == 0 || errno == EINVAL);
+}
+
 /// Writes a temporary file and lets `place` give it the target's name. Gives 0, or the reason for which that
-/// was not done; nothing is left behind then.
+/// was not done; nothing is left behind then. Throws FileError when it was done and may not last.
 template <typename Place>
 int putInPlace(const std::filesystem::path& target, std::string_view content, Place place) {
   removeLeftBehindFiles(target);
@@ -136,6 +150,7 @@ int putInPlace(const std::filesystem::path& target, std::string_view content, Pl
   if (fchmod(temporary.descriptor.number(), permissionsFor(target)) == 0 &&
       writeAll(temporary.descriptor, content) && fdatasync(temporary.descriptor.number()) == 0 &&
       place(temporary.path.c_str(), target.c_str())) {
+    if (!flushFolder(target.parent_path())) fail("be sure to have written", target, errno);
     return 0;
   }
   const int reason = errno;
@@ -145,20 +160,21 @@ int putInPlace(const std::filesystem::path& target, std::string_view content, Pl
 
 }  // namespace
 
-std::string readWholeFile(const std::filesystem::path& file) {
+std::string readWholeFile(const std::filesystem::path& file, std::uintmax_t largest) {
   // Not to be held up by a pipe of that name.
-  const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  const FileDescriptor opened(
+      uninterrupted([&file] { return open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
   struct stat status {};
   if (!opened || fstat(opened.number(), &status) != 0) fail("read", file, errno);
   if (S_ISDIR(status.st_mode)) fail("read", file, EISDIR);
   if (!S_ISREG(status.st_mode))
-    throw std::runtime_error("cannot read " + file.string() + ": it is no plain file");
-  if (status.st_size > kLargestFile) fail("read", file, EFBIG);
+    throw FileError("cannot read " + file.string() + ": it is no plain file", EINVAL);
+  if (static_cast<std::uintmax_t>(status.st_size) > largest) fail("read", file, EFBIG);
   std::string content(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t length = 0;
   while (length < content.size()) {
-    const ssize_t got = read(opened.number(), content.data() + length, content.size() - length);
-    if (got < 0 && errno == EINTR) continue;
+    const ssize_t got = uninterrupted(
+        [&] { return read(opened.number(), content.data() + length, content.size() - length); });
     if (got < 0) fail("read", file, errno);
     if (got == 0) break;
     length += static_cast<std::size_t>(got);
@@ -169,8 +185,8 @@ std::string readWholeFile(const std::filesystem::path& file) {
 
 bool writeAll(const FileDescriptor& opened, std::string_view content) {
   while (!content.empty()) {
-    const ssize_t written = write(opened.number(), content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
+    const ssize_t written =
+        uninterrupted([&] { return write(opened.number(), content.data(), content.size()); });
     if (written < 0) return false;
     content.remove_prefix(static_cast<std::size_t>(written));
   }

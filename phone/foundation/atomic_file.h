@@ -1,7 +1,9 @@
 // Whole files: read at once, replaced at once.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -9,8 +11,23 @@
 
 namespace phone {
 
-/// The file's content. Throws std::runtime_error with file and reason; a directory or a device is refused.
-std::string readWholeFile(const std::filesystem::path& file);
+/// What went wrong with a file, in words that name it.
+class FileError : public std::runtime_error {
+ public:
+  FileError(const std::string& problem, int reason) : std::runtime_error(problem), reason_(reason) {}
+  /// The system's error number.
+  int reason() const { return reason_; }
+
+ private:
+  int reason_;
+};
+
+/// Beyond any file of a phone's settings, in bytes: a sparse file can claim more than there is memory.
+inline constexpr std::uintmax_t kLargestFile = 256UL << 20;
+
+/// The file's content. Throws FileError; a directory, a device or a file of more bytes than the largest is
+/// refused.
+std::string readWholeFile(const std::filesystem::path& file, std::uintmax_t largest = kLargestFile);
 
 /// Puts the content in place of the file in one step: a reader, and whoever comes after a crash, finds the
 /// old content or the new. Links are followed. Throws std::runtime_error with file and reason, the old file

@@ -6,6 +6,7 @@
 
 #include "phone/foundation/clock.h"
 #include "phone/foundation/date_mend.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/foundation/property_list_files.h"
 #include "phone/foundation/time_zone.h"
@@ -50,6 +51,7 @@ void startFoundation(const HostOptions& options) {
   installLogSink();
   setTimeZone(options.timeZone);
   clearLog();
+  clearFileProblems();
   NSFoundationVersionNumber = version;
   currentOptions() = options;
   endOnUnknownSelectors();

@@ -1,5 +1,7 @@
 #include "phone/foundation/property_list.h"
 
+#include <cerrno>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -15,9 +17,12 @@ objc::Owned<NSObject> readPropertyList(const std::filesystem::path& file, Contai
   try {
     guardStructure(bytes);
     plist_t parsed = nullptr;
+    errno = 0;
     const auto parse = isBinaryPropertyList(bytes) ? plist_from_bin : plist_from_xml;
     parse(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &parsed);
     const PropertyListTree tree(parsed);
+    // The parser gives none for a damaged file and for missing memory alike.
+    if (tree == nullptr && errno == ENOMEM) throw std::bad_alloc();
     if (tree == nullptr) throw std::runtime_error("it is no property list");
     const AutoreleasePool pool;
     return objectOf(tree.get(), containers);

@@ -1,5 +1,10 @@
 #include "phone/foundation/property_list_files.h"
 
+#include <new>
+#include <set>
+
+#include "phone/foundation/atomic_file.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/foundation/phone_root.h"
 #include "phone/foundation/property_list.h"
 #include "phone/objc/hooking.h"
@@ -18,6 +23,35 @@ std::filesystem::path fileNamed(NSString* path) {
   return pathOnThisMachine(utf8);
 }
 
+/// Files that were there and could not be read when this process last tried.
+std::set<std::filesystem::path>& unreadFiles() {
+  static std::set<std::filesystem::path> files;
+  return files;
+}
+
+objc::Owned<NSObject> readAndRemember(const std::filesystem::path& file, Containers containers) {
+  unreadFiles().insert(file);
+  try {
+    auto root = readPropertyList(file, containers);
+    unreadFiles().erase(file);
+    return root;
+  } catch (const FileError& error) {
+    if (isSystemFailure(error.reason())) {
+      reportFileProblem(error.what());
+    } else {
+      unreadFiles().erase(file);
+    }
+    throw;
+  } catch (const std::bad_alloc&) {
+    reportFileProblem("cannot read " + file.string() + ": there is not enough memory");
+    throw;
+  } catch (const std::runtime_error&) {
+    // It was read, and is no property list.
+    unreadFiles().erase(file);
+    throw;
+  }
+}
+
 /// The initialiser of a class cluster: what `self` becomes is up to its own `Copy` initialiser, so that a
 /// mutable class gives a mutable object. No error leaves it: the platform's answer to every unreadable file
 /// is none.
@@ -27,7 +61,7 @@ NSObject* initWithContentsOfFile(NSObject* self, SEL, NSString* path) {
   try {
     const bool changeable = self->isKindOfClass(objc::classNamed<MutableRoot>());
     const auto root =
-        readPropertyList(fileNamed(path), changeable ? Containers::kMutable : Containers::kImmutable);
+        readAndRemember(fileNamed(path), changeable ? Containers::kMutable : Containers::kImmutable);
     if (!root->isKindOfClass(objc::classNamed<Root>())) return nullptr;
     return objc::send<Copy, NSObject*>(receiver.relinquish(), root.get());
   } catch (...) {
@@ -35,11 +69,18 @@ NSObject* initWithContentsOfFile(NSObject* self, SEL, NSString* path) {
   }
 }
 
-/// Every write replaces the whole file at once, so `atomically` makes no difference.
+/// Every write replaces the whole file at once, so `atomically` makes no difference. Who was told "none"
+/// because a file could not be read would lose with its next write all that the file holds: such a write is
+/// refused.
 bool writeToFile(NSObject* self, SEL, NSString* path, bool /*atomically*/) {
   try {
-    writePropertyList(self, fileNamed(path));
+    const std::filesystem::path file = fileNamed(path);
+    if (unreadFiles().contains(file)) return false;
+    writePropertyList(self, file);
     return true;
+  } catch (const FileError& error) {
+    reportFileProblem(error.what());
+    return false;
   } catch (...) {
     return false;
   }

@@ -1,58 +1,33 @@
 #include "phone/springboard/date_texts.h"
 
-#include <array>
-#include <chrono>
 #include <string>
 
+#include "phone/foundation/wall_clock.h"
 #include "platform/bulletinboard/bb_bulletin.h"
-#include "platform/foundation/ns_calendar.h"
 #include "platform/foundation/ns_date.h"
-#include "platform/foundation/ns_date_components.h"
 #include "platform/foundation/ns_string.h"
 
 namespace phone {
 
 namespace {
 
-constexpr std::array kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                  "Thursday", "Friday", "Saturday"};
-constexpr std::array kMonths = {"January", "February", "March",     "April",   "May",      "June",
-                                "July",    "August",   "September", "October", "November", "December"};
-
 NSString* text(const std::string& utf8) { return NSString::stringWithUTF8String(utf8.c_str()); }
 
-/// A time in the user's time zone.
-struct LocalTime {
-  std::chrono::sys_days day;
-  unsigned month;
-  unsigned dayOfMonth;
-  std::string clock;
-
-  std::string weekday() const { return kWeekdays[std::chrono::weekday(day).c_encoding()]; }
-  std::string monthName() const { return kMonths[month - 1]; }
-};
-
-LocalTime localTime(NSDate* date) {
-  constexpr NSUInteger kParts =
-      NSCalendar::kYear | NSCalendar::kMonth | NSCalendar::kDay | NSCalendar::kHour | NSCalendar::kMinute;
-  NSDateComponents* const parts = NSCalendar::currentCalendar()->components(kParts, date);
-  const auto month = static_cast<unsigned>(parts->month());
-  const auto day = static_cast<unsigned>(parts->day());
-  const std::chrono::year_month_day calendarDay(std::chrono::year(static_cast<int>(parts->year())),
-                                                std::chrono::month(month), std::chrono::day(day));
-  const std::string minute = std::to_string(parts->minute());
-  return {calendarDay, month, day, std::to_string(parts->hour()) + (minute.size() < 2 ? ":0" : ":") + minute};
+/// "9:41"
+std::string shortClockText(const cctz::civil_second& time) {
+  const std::string clock = clockText(time);
+  return clock.starts_with('0') ? clock.substr(1) : clock;
 }
 
 /// A day ahead as seen from today, short enough to stand before a time. Empty for today and earlier days.
-std::string dayAhead(const LocalTime& day, const LocalTime& today, bool isAlone) {
-  const auto distance = (day.day - today.day).count();
+std::string dayAhead(const cctz::civil_second& time, const cctz::civil_second& now, bool isAlone) {
+  const cctz::diff_t distance = cctz::civil_day(time) - cctz::civil_day(now);
   if (distance <= 0) return {};
   if (distance == 1) return "Tomorrow";
   constexpr std::size_t kShort = 3;
   constexpr int kWeek = 7;
-  if (distance < kWeek) return isAlone ? day.weekday() : day.weekday().substr(0, kShort);
-  return day.monthName().substr(0, kShort) + " " + std::to_string(day.dayOfMonth);
+  if (distance < kWeek) return isAlone ? weekdayName(time) : weekdayName(time).substr(0, kShort);
+  return monthName(time).substr(0, kShort) + " " + std::to_string(time.day());
 }
 
 std::string ageText(double seconds) {
@@ -67,21 +42,21 @@ std::string ageText(double seconds) {
 }
 
 std::string timeAheadText(BBBulletin* bulletin, NSDate* now) {
-  const LocalTime start = localTime(bulletin->date());
+  const cctz::civil_second start = wallClockAt(bulletin->date());
   const bool isAllDay = bulletin->dateIsAllDay();
-  const std::string day = dayAhead(start, localTime(now), isAllDay);
+  const std::string day = dayAhead(start, wallClockAt(now), isAllDay);
   if (isAllDay) return day.empty() ? "All day" : day;
   if (bulletin->date()->compare(now) <= 0) return "Now";
-  return day.empty() ? start.clock : day + " " + start.clock;
+  return (day.empty() ? "" : day + " ") + shortClockText(start);
 }
 
 }  // namespace
 
-NSString* clockText(NSDate* date) { return text(localTime(date).clock); }
+NSString* clockText(NSDate* date) { return text(shortClockText(wallClockAt(date))); }
 
 NSString* dayText(NSDate* date) {
-  const LocalTime time = localTime(date);
-  return text(time.weekday() + ", " + time.monthName() + " " + std::to_string(time.dayOfMonth));
+  const cctz::civil_second time = wallClockAt(date);
+  return text(weekdayName(time) + ", " + monthName(time) + " " + std::to_string(time.day()));
 }
 
 NSString* relevanceText(BBBulletin* bulletin) {

@@ -14,8 +14,8 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
   <dir>/usr/share/fonts/opentype/inter</dir>
+  <dir>/usr/share/fonts/opentype/noto</dir>
   <dir>/usr/share/fonts/truetype/noto</dir>
-  <dir>/usr/share/fonts/truetype/vlgothic</dir>
   <cachedir>/var/cache/fontconfig</cachedir>
   <cachedir prefix="xdg">fontconfig</cachedir>
   <selectfont>
@@ -27,24 +27,48 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0"?>
     <acceptfont><glob>*/inter/Inter-SemiBold.otf</glob></acceptfont>
     <acceptfont><glob>*/inter/Inter-Bold.otf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSans-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSans-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansArabic-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansArabic-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansHebrew-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansHebrew-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansThai-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansThai-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansDevanagari-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansDevanagari-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansBengali-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansBengali-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansTamil-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansTamil-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansArmenian-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansArmenian-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansGeorgian-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansGeorgian-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansEthiopic-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansEthiopic-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansSymbols-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansSymbols-Bold.ttf</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoSansSymbols2-Regular.ttf</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansCJK-Regular.ttc</glob></acceptfont>
+    <acceptfont><glob>*/noto/NotoSansCJK-Bold.ttc</glob></acceptfont>
     <acceptfont><glob>*/noto/NotoColorEmoji.ttf</glob></acceptfont>
-    <acceptfont><glob>*/vlgothic/VL-PGothic-Regular.ttf</glob></acceptfont>
   </selectfont>
   <match target="pattern">
     <edit name="family" mode="append_last" binding="strong">
-      <string>Inter</string><string>Noto Sans</string><string>VL PGothic</string>
+      <string>Inter</string><string>Noto Sans</string>
     </edit>
+  </match>
+  <!-- Chinese, Japanese and Korean share characters that each writes in its own form. -->
+  <match target="pattern">
+    <test name="lang" compare="contains"><string>ja</string></test>
+    <edit name="family" mode="append_last" binding="strong"><string>Noto Sans CJK JP</string></edit>
+  </match>
+  <match target="pattern">
+    <test name="lang" compare="contains"><string>ko</string></test>
+    <edit name="family" mode="append_last" binding="strong"><string>Noto Sans CJK KR</string></edit>
+  </match>
+  <match target="pattern">
+    <edit name="family" mode="append_last" binding="strong"><string>Noto Sans CJK SC</string></edit>
   </match>
   <match target="pattern">
     <test name="family"><string>emoji</string></test>

@@ -1,12 +1,10 @@
 #include "phone/uikit/image_file.h"
 
 #include <cstring>
-#include <fcntl.h>
 #include <span>
-#include <sys/stat.h>
-#include <unistd.h>
-#include <vector>
 
+#include "phone/foundation/atomic_file.h"
+#include "phone/foundation/file_problems.h"
 #include "phone/uikit/jpeg_decoder.h"
 #include "phone/uikit/picture_orientation.h"
 
@@ -16,25 +14,16 @@ namespace {
 
 using Bytes = std::span<const unsigned char>;
 
-std::vector<unsigned char> readRegularFile(const std::filesystem::path& path) {
-  constexpr off_t kMostBytes = 64 << 20;
-  // Not blocking: opening a pipe that nobody writes to would wait for ever.
-  const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) return {};
-  std::vector<unsigned char> bytes;
-  struct stat facts {};
-  if (fstat(file, &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_size <= kMostBytes) {
-    bytes.resize(static_cast<std::size_t>(facts.st_size));
-    std::size_t filled = 0;
-    while (filled < bytes.size()) {
-      const ssize_t count = read(file, bytes.data() + filled, bytes.size() - filled);
-      if (count <= 0) break;
-      filled += static_cast<std::size_t>(count);
-    }
-    bytes.resize(filled);
+constexpr std::uintmax_t kMostBytes = 64UL << 20;
+
+/// The file's content; empty when it cannot be read.
+std::string contentOf(const std::filesystem::path& path) {
+  try {
+    return readWholeFile(path, kMostBytes);
+  } catch (const FileError& error) {
+    if (isSystemFailure(error.reason())) reportFileProblem(error.what());
+    return {};
   }
-  close(file);
-  return bytes;
 }
 
 bool beginsWith(Bytes bytes, std::string_view signature) {
@@ -72,7 +61,8 @@ Surface decodeUprightJpeg(Bytes bytes) {
 }  // namespace
 
 Surface loadImageFile(const std::filesystem::path& path) {
-  const std::vector<unsigned char> bytes = readRegularFile(path);
+  const std::string content = contentOf(path);
+  const Bytes bytes(reinterpret_cast<const unsigned char*>(content.data()), content.size());
   if (beginsWith(bytes, "\x89PNG\r\n\x1a\n")) return decodePng(bytes);
   if (beginsWith(bytes, "\xff\xd8\xff")) return decodeUprightJpeg(bytes);
   return nullptr;

@@ -9,7 +9,8 @@
 namespace phone {
 
 /// The picture in the file. None when the file is missing, unreadable, no regular file, no picture, broken,
-/// or has more pixels than a surface may have; a reason for people is not kept.
+/// or has more pixels than a surface may have. A file that is there and could not be read is kept for
+/// fileProblems().
 Surface loadImageFile(const std::filesystem::path& path);
 
 }  // namespace phone

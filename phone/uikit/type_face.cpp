@@ -8,6 +8,7 @@
 
 #include "phone/uikit/font_map.h"
 #include "phone/uikit/layout_text.h"
+#include "phone/uikit/text_language.h"
 
 namespace phone {
 
@@ -50,6 +51,17 @@ PangoLayout* makeLayout(PangoContext* context, const PangoFontDescription* descr
   pango_layout_set_font_description(layout, description);
   pango_layout_set_single_paragraph_mode(layout, TRUE);
   return layout;
+}
+
+void setText(PangoLayout* layout, const std::string& utf8) {
+  pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
+  PangoAttrList* attributes = nullptr;
+  if (PangoLanguage* const language = languageOf(utf8)) {
+    attributes = pango_attr_list_new();
+    pango_attr_list_insert(attributes, pango_attr_language_new(language));
+  }
+  pango_layout_set_attributes(layout, attributes);
+  if (attributes != nullptr) pango_attr_list_unref(attributes);
 }
 
 /// In points. Pango's own sum ends at two million of them.
@@ -111,7 +123,7 @@ double TypeFace::widthOf(const std::string& utf8) {
   constexpr std::size_t kMostBytes = 256;
   if (const auto known = widths_.find(utf8); known != widths_.end()) return known->second;
   if (layout_ == nullptr) layout_ = makeLayout(measuringContext(), description_);
-  pango_layout_set_text(layout_, utf8.data(), static_cast<int>(utf8.size()));
+  setText(layout_, utf8);
   const double width = ratio_ * lineWidth(pango_layout_get_line_readonly(layout_, 0));
   if (widths_.size() >= kMostKept) widths_.clear();
   if (utf8.size() <= kMostBytes) widths_.emplace(utf8, width);
@@ -124,8 +136,7 @@ void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment 
   if (!(shapedPoints_ > 0) || !(width > 0) || text->length() == 0) return;
   pango_cairo_update_context(canvas, drawingContext());
   PangoLayout* const layout = makeLayout(drawingContext(), description_);
-  const std::string& utf8 = layoutText(text, kMostDrawnUnits);
-  pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
+  setText(layout, layoutText(text, kMostDrawnUnits));
   pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
   // A little room, so that a text in a frame of exactly its measured width is whole.
   constexpr double kRoom = 0.01;

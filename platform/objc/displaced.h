@@ -2,7 +2,7 @@
 // replacement displaced.
 #pragma once
 
-#include "platform/objc/runtime.h"
+#include "platform/objc/crossing.h"
 
 /// Replaces the class's method and stores the implementation that was in effect at `displaced`.
 extern "C" void MSHookMessageEx(Class hostClass, SEL selector, IMP replacement, IMP* displaced);
@@ -17,10 +17,9 @@ class Displaced;
 template <typename Result, typename... Arguments>
 class Displaced<Result(Arguments...)> {
  public:
-  using Function = Result (*)(Arguments...);
-
   Result operator()(Arguments... arguments) const {
-    return reinterpret_cast<Function>(implementation_)(arguments...);
+    using Across = Crossing<Result(Arguments...)>;
+    return Across::call(reinterpret_cast<typename Across::Function>(implementation_), arguments...);
   }
 
   /// The place that the hooking framework fills.

@@ -69,4 +69,10 @@ struct MethodEncoding {
   static constexpr auto value = concatenate();
 };
 
+/// The encoding of a method whose function that is: `result function(Self*, SEL, arguments...)`.
+template <typename Result, typename Self, typename... Arguments>
+constexpr const char* encodingOf(Result (* /*method*/)(Self*, SEL, Arguments...)) {
+  return MethodEncoding<Result, Arguments...>::value.c_str();
+}
+
 }  // namespace objc

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "platform/objc/checked_send.h"
+#include "platform/objc/crossing.h"
 #include "platform/objc/runtime.h"
 
 #if !defined(__GNU_LIBOBJC__)
@@ -20,8 +21,9 @@ namespace objc {
 
 namespace detail {
 
-#if defined(__arm__) && !defined(__GNU_LIBOBJC__)
-/// 32-bit ARM returns every struct larger than a register through memory, by an entry point of its own.
+#if !defined(__GNU_LIBOBJC__)
+#if defined(__arm__)
+/// 32-bit ARM returns every struct larger than a register through memory, by entry points of their own.
 template <typename Result>
 constexpr bool returnsThroughMemory() {
   if constexpr (std::is_class_v<Result>) {
@@ -29,6 +31,27 @@ constexpr bool returnsThroughMemory() {
   } else {
     return false;
   }
+}
+#endif
+
+using Sender = void (*)();
+
+/// The runtime's function that sends a message with that result.
+template <typename Result>
+constexpr Sender sender() {
+#if defined(__arm__)
+  if constexpr (returnsThroughMemory<Result>()) return &objc_msgSend_stret;
+#endif
+  return &objc_msgSend;
+}
+
+/// The same for a message to a superclass's method.
+template <typename Result>
+constexpr Sender superSender() {
+#if defined(__arm__)
+  if constexpr (returnsThroughMemory<Result>()) return &objc_msgSendSuper_stret;
+#endif
+  return &objc_msgSendSuper;
 }
 #endif
 
@@ -40,18 +63,14 @@ inline Result send(const void* receiver, SEL selector, Arguments... arguments) {
   if (receiver == nullptr) return Result();
   id const object = asObject(receiver);
   checkSend<Result, Arguments...>(object, selector);
-  using Method = Result (*)(id, SEL, Arguments...);
+  using Across = Crossing<Result(id, SEL, Arguments...)>;
+  using Method = typename Across::Function;
 #if defined(__GNU_LIBOBJC__)
-  return reinterpret_cast<Method>(objc_msg_lookup(object, selector))(object, selector, arguments...);
-#elif defined(__arm__)
-  if constexpr (detail::returnsThroughMemory<Result>()) {
-    return reinterpret_cast<Method>(&objc_msgSend_stret)(object, selector, arguments...);
-  } else {
-    return reinterpret_cast<Method>(&objc_msgSend)(object, selector, arguments...);
-  }
+  const auto method = reinterpret_cast<Method>(objc_msg_lookup(object, selector));
 #else
-  return reinterpret_cast<Method>(&objc_msgSend)(object, selector, arguments...);
+  const auto method = reinterpret_cast<Method>(detail::sender<Result>());
 #endif
+  return Across::call(method, object, selector, arguments...);
 }
 
 /// Sends the message to the implementation above `superclass`'s subclass: the method that `superclass`
@@ -64,21 +83,15 @@ inline Result sendSuper(Class superclass, const void* receiver, SEL selector, Ar
 #if defined(__GNU_LIBOBJC__)
   target.self = object;
   target.super_class = superclass;
-  using Method = Result (*)(id, SEL, Arguments...);
-  return reinterpret_cast<Method>(objc_msg_lookup_super(&target, selector))(object, selector, arguments...);
+  using Across = Crossing<Result(id, SEL, Arguments...)>;
+  const auto method = reinterpret_cast<typename Across::Function>(objc_msg_lookup_super(&target, selector));
+  return Across::call(method, object, selector, arguments...);
 #else
   target.receiver = object;
   target.super_class = superclass;
-  using Method = Result (*)(objc_super*, SEL, Arguments...);
-#if defined(__arm__)
-  if constexpr (detail::returnsThroughMemory<Result>()) {
-    return reinterpret_cast<Method>(&objc_msgSendSuper_stret)(&target, selector, arguments...);
-  } else {
-    return reinterpret_cast<Method>(&objc_msgSendSuper)(&target, selector, arguments...);
-  }
-#else
-  return reinterpret_cast<Method>(&objc_msgSendSuper)(&target, selector, arguments...);
-#endif
+  using Across = Crossing<Result(objc_super*, SEL, Arguments...)>;
+  const auto method = reinterpret_cast<typename Across::Function>(detail::superSender<Result>());
+  return Across::call(method, &target, selector, arguments...);
 #endif
 }
 

@@ -43,19 +43,18 @@ void buildRow(EKEventDetailItemOrv* item) {
   setObject<"tapGestureRecognizer">(item, recognizer.get());
 }
 
-}  // namespace
-
-void pointAtViewInUse(EKEventDetailItemOrv* item) {
-  if (EKEventViewController* const view = viewInUse(); view != nullptr) {
-    item->setEvent(view->event(), nullptr);
-  }
+/// Makes flips write this event's entry; reads no store. Returns the event's URL text, or none (borrowed).
+NSString* pointAt(EKEventDetailItemOrv* item, EKEvent* event) {
+  NSString* const urlText = externalURLText(event);
+  setFlagProperty<kLacksURLText>(item, nullptr, urlText == nullptr);
+  if (urlText != nullptr) setObject<"eventURI">(item, urlText);
+  return urlText;
 }
 
+}  // namespace
+
 void setEvent(EKEventDetailItemOrv* self, SEL /*selector*/, EKEvent* event, EKEventStore* /*store*/) {
-  NSString* const urlText = externalURLText(event);
-  setFlagProperty<kLacksURLText>(self, nullptr, urlText == nullptr);
-  setShown(self, isShownOnLockScreen(urlText));
-  if (urlText != nullptr) setObject<"eventURI">(self, urlText);
+  setShown(self, isShownOnLockScreen(pointAt(self, event)));
 }
 
 UITableViewCell* detailCellInSubsection(EKEventDetailItemOrv* self, SEL /*selector*/, NSUInteger index,
@@ -73,7 +72,7 @@ UITableViewCell* detailCell(EKEventDetailItemOrv* self, SEL /*selector*/, NSUInt
 void detailSwitchChanged(EKEventDetailItemOrv* self, SEL /*selector*/, UISwitch* sender) {
   const bool shown = sender->isOn();
   // The host points the item too, at the event of any list that it builds.
-  pointAtViewInUse(self);
+  if (EKEventViewController* const view = viewInUse(); view != nullptr) pointAt(self, view->event());
   setShown(self, shown);
   NSString* const urlText =
       flagProperty<kLacksURLText>(self, nullptr) ? nullptr : getObject<"eventURI", NSString>(self);

@@ -27,11 +27,8 @@ inline constinit objc::Displaced<UITableViewCell*(EKEventDetailItemOrv*, SEL, NS
 inline constinit objc::Displaced<UITableViewCell*(EKEventDetailItemOrv*, SEL, NSUInteger)>
     detailCellDisplaced;
 
-/// Points the item at the event of the view in use, which reads the store again. Without such a view the item
-/// stays at the event that it was pointed at last.
-void pointAtViewInUse(EKEventDetailItemOrv* item);
-
-/// Points the item at an event. One without URL text is shown, and flips have nothing to write for it.
+/// Points the item at an event, whose entry it reads. One without URL text is shown, and flips have nothing
+/// to write for it.
 void setEvent(EKEventDetailItemOrv* self, SEL selector, EKEvent* event, EKEventStore* store);
 
 UITableViewCell* detailCellInSubsection(EKEventDetailItemOrv* self, SEL selector, NSUInteger index,

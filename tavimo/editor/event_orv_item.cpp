@@ -16,13 +16,13 @@ constexpr const char* kObjectVariables[] = {"cell", "mySwitch", "disabledHelpBut
 constexpr const char* kObjectEncodings[] = {"@\"UITableViewCell\"", "@\"UISwitch\"", "@\"UIButton\"",
                                             "@\"UITapGestureRecognizer\""};
 
-bool& choiceOf(EKEventOrvItem* item) {
+objc::Boolean& choiceOf(EKEventOrvItem* item) {
   static const std::ptrdiff_t offset =
       ivar_getOffset(class_getInstanceVariable(objc::classNamed<"EKEventOrvItem">(), "_showOnLockscreen"));
-  return *reinterpret_cast<bool*>(reinterpret_cast<std::byte*>(item) + offset);
+  return *reinterpret_cast<objc::Boolean*>(reinterpret_cast<std::byte*>(item) + offset);
 }
 
-bool showOnLockscreen(EKEventOrvItem* self, SEL /*selector*/) { return choiceOf(self); }
+bool showOnLockscreen(EKEventOrvItem* self, SEL /*selector*/) { return choiceOf(self) != 0; }
 
 void setShowOnLockscreen(EKEventOrvItem* self, SEL /*selector*/, bool show) { choiceOf(self) = show; }
 
@@ -54,10 +54,10 @@ void dealloc(EKEventOrvItem* self, SEL selector) {
   objc::sendSuper(objc::classNamed<"EKEventEditItem">(), self, selector);
 }
 
-template <typename Result, typename... Arguments>
-void addMethod(Class target, const char* selector, Result (*function)(EKEventOrvItem*, SEL, Arguments...)) {
-  class_addMethod(target, sel_registerName(selector), reinterpret_cast<IMP>(function),
-                  objc::MethodEncoding<Result, Arguments...>::value.c_str());
+template <auto Function>
+void addMethod(Class target, const char* selector) {
+  class_addMethod(target, sel_registerName(selector), objc::implementationOf<Function>(),
+                  objc::encodingOf(Function));
 }
 
 }  // namespace
@@ -70,14 +70,14 @@ void registerEventOrvItem() {
   for (std::size_t i = 0; i < std::size(kObjectVariables); ++i) {
     class_addIvar(item, kObjectVariables[i], sizeof(id), std::countr_zero(alignof(id)), kObjectEncodings[i]);
   }
-  class_addIvar(item, "_showOnLockscreen", sizeof(bool), 0, objc::Encoding<bool>::value.c_str());
-  addMethod(item, "setCalendarItem:store:", setCalendarItem);
-  addMethod(item, "cellForSubitemAtIndex:inSubsection:", cellForSubitemInSubsection);
-  addMethod(item, "cellForSubitemAtIndex:", cellForSubitem);
-  addMethod(item, "switchChanged:", switchChanged);
-  addMethod(item, "showOnLockscreen", showOnLockscreen);
-  addMethod(item, "setShowOnLockscreen:", setShowOnLockscreen);
-  addMethod(item, "dealloc", dealloc);
+  class_addIvar(item, "_showOnLockscreen", sizeof(objc::Boolean), 0, objc::Encoding<bool>::value.c_str());
+  addMethod<setCalendarItem>(item, "setCalendarItem:store:");
+  addMethod<cellForSubitemInSubsection>(item, "cellForSubitemAtIndex:inSubsection:");
+  addMethod<cellForSubitem>(item, "cellForSubitemAtIndex:");
+  addMethod<switchChanged>(item, "switchChanged:");
+  addMethod<showOnLockscreen>(item, "showOnLockscreen");
+  addMethod<setShowOnLockscreen>(item, "setShowOnLockscreen:");
+  addMethod<dealloc>(item, "dealloc");
   objc_registerClassPair(item);
 }
 

@@ -25,8 +25,9 @@ NSUInteger indexOfAlarmItem(NSArray* items) {
 /// Shows the event of the view in use in the row. Another view may have had the item since, and an editor may
 /// have changed the store, which is read again.
 void followViewInUse() {
-  if (viewInUse() == nullptr) return;
-  pointAtViewInUse(sharedDetailItem);
+  EKEventViewController* const view = viewInUse();
+  if (view == nullptr) return;
+  sharedDetailItem->setEvent(view->event(), nullptr);
   sharedDetailItem->dndSwitch()->setOn(sharedDetailItem->showOnLockscreen());
 }
 

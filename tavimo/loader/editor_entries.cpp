@@ -10,11 +10,11 @@ namespace tavimo {
 std::span<const HookEntry> editorEntries() {
   // clang-format off
   static const HookEntry entries[] = {
-      replaceMethod("EKEventEditor", "_editItems", editItems, editItemsDisplaced),
-      replaceMethod("EKEventEditor", "completeWithAction:animated:", completeWithAction, completeWithActionDisplaced),
-      replaceMethod("EKEventViewController", "viewWillAppear:", viewWillAppear, viewWillAppearDisplaced),
-      replaceMethod("EKEventViewController", "viewWillDisappear:", viewWillDisappear, viewWillDisappearDisplaced),
-      replaceMethod("EKEventViewController", "_items", detailItems, detailItemsDisplaced),
+      replaceMethod<editItems>("EKEventEditor", "_editItems", editItemsDisplaced),
+      replaceMethod<completeWithAction>("EKEventEditor", "completeWithAction:animated:", completeWithActionDisplaced),
+      replaceMethod<viewWillAppear>("EKEventViewController", "viewWillAppear:", viewWillAppearDisplaced),
+      replaceMethod<viewWillDisappear>("EKEventViewController", "viewWillDisappear:", viewWillDisappearDisplaced),
+      replaceMethod<detailItems>("EKEventViewController", "_items", detailItemsDisplaced),
   };
   // clang-format on
   return entries;
@@ -24,29 +24,29 @@ std::span<const HookEntry> detailItemEntries() {
   static constexpr const char* kItem = "EKEventDetailItemOrv";
   // clang-format off
   static const HookEntry entries[] = {
-      replaceMethod(kItem, "setEvent:store:", setEvent, setEventDisplaced),
-      replaceMethod(kItem, "cellForSubitemAtIndex:inSubsection:", detailCellInSubsection, detailCellInSubsectionDisplaced),
-      replaceMethod(kItem, "cellForSubitemAtIndex:", detailCell, detailCellDisplaced),
-      addMethod(kItem, "switchChanged:", detailSwitchChanged),
-      addMethod(kItem, "showDisabledHelp", showDisabledHelp),
-      addMethod(kItem, "cell", objectProperty<"cell">),
-      addMethod(kItem, "setCell:", setObjectProperty<"cell">),
-      addMethod(kItem, "eventURI", objectProperty<"eventURI">),
-      addMethod(kItem, "setEventURI:", setObjectProperty<"eventURI">),
-      addMethod(kItem, "allDayEnabled", flagProperty<"allDayEnabled">),
-      addMethod(kItem, "setAllDayEnabled:", setFlagProperty<"allDayEnabled">),
-      addMethod(kItem, "noAlarmSet", flagProperty<"noAlarmSet">),
-      addMethod(kItem, "setNoAlarmSet:", setFlagProperty<"noAlarmSet">),
-      addMethod(kItem, "cellIsVisible", flagProperty<"cellIsVisible">),
-      addMethod(kItem, "setCellIsVisible:", setFlagProperty<"cellIsVisible">),
-      addMethod(kItem, "showOnLockscreen", flagProperty<"showOnLockscreen">),
-      addMethod(kItem, "setShowOnLockscreen:", setFlagProperty<"showOnLockscreen">),
-      addMethod(kItem, "dndSwitch", objectProperty<"dndSwitch">),
-      addMethod(kItem, "setDndSwitch:", setObjectProperty<"dndSwitch">),
-      addMethod(kItem, "disabledHelpButton", objectProperty<"disabledHelpButton">),
-      addMethod(kItem, "setDisabledHelpButton:", setObjectProperty<"disabledHelpButton">),
-      addMethod(kItem, "tapGestureRecognizer", objectProperty<"tapGestureRecognizer">),
-      addMethod(kItem, "setTapGestureRecognizer:", setObjectProperty<"tapGestureRecognizer">),
+      replaceMethod<setEvent>(kItem, "setEvent:store:", setEventDisplaced),
+      replaceMethod<detailCellInSubsection>(kItem, "cellForSubitemAtIndex:inSubsection:", detailCellInSubsectionDisplaced),
+      replaceMethod<detailCell>(kItem, "cellForSubitemAtIndex:", detailCellDisplaced),
+      addMethod<detailSwitchChanged>(kItem, "switchChanged:"),
+      addMethod<showDisabledHelp>(kItem, "showDisabledHelp"),
+      addMethod<objectProperty<"cell">>(kItem, "cell"),
+      addMethod<setObjectProperty<"cell">>(kItem, "setCell:"),
+      addMethod<objectProperty<"eventURI">>(kItem, "eventURI"),
+      addMethod<setObjectProperty<"eventURI">>(kItem, "setEventURI:"),
+      addMethod<flagProperty<"allDayEnabled">>(kItem, "allDayEnabled"),
+      addMethod<setFlagProperty<"allDayEnabled">>(kItem, "setAllDayEnabled:"),
+      addMethod<flagProperty<"noAlarmSet">>(kItem, "noAlarmSet"),
+      addMethod<setFlagProperty<"noAlarmSet">>(kItem, "setNoAlarmSet:"),
+      addMethod<flagProperty<"cellIsVisible">>(kItem, "cellIsVisible"),
+      addMethod<setFlagProperty<"cellIsVisible">>(kItem, "setCellIsVisible:"),
+      addMethod<flagProperty<"showOnLockscreen">>(kItem, "showOnLockscreen"),
+      addMethod<setFlagProperty<"showOnLockscreen">>(kItem, "setShowOnLockscreen:"),
+      addMethod<objectProperty<"dndSwitch">>(kItem, "dndSwitch"),
+      addMethod<setObjectProperty<"dndSwitch">>(kItem, "setDndSwitch:"),
+      addMethod<objectProperty<"disabledHelpButton">>(kItem, "disabledHelpButton"),
+      addMethod<setObjectProperty<"disabledHelpButton">>(kItem, "setDisabledHelpButton:"),
+      addMethod<objectProperty<"tapGestureRecognizer">>(kItem, "tapGestureRecognizer"),
+      addMethod<setObjectProperty<"tapGestureRecognizer">>(kItem, "setTapGestureRecognizer:"),
   };
   // clang-format on
   return entries;

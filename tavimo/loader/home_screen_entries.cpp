@@ -15,20 +15,20 @@ namespace tavimo {
 std::span<const HookEntry> homeScreenEntries() {
   // clang-format off
   static const HookEntry entries[] = {
-      replaceMethod("SBLockScreenPluginOverlayContext", "initWithPluginName:pluginController:lockScreenViewController:", initWithPluginName, initWithPluginNameDisplaced),
-      addMethod("SBLockScreenPluginOverlayContext", "removeCustomBulletins", removeCustomBulletins),
-      replaceMethod("SBLockScreenNotificationListController", "count", count, countDisplaced),
-      replaceMethod("SBLockScreenNotificationListController", "turnOnScreenIfNecessaryForItem:", turnOnScreenIfNecessaryForItem, turnOnScreenDisplaced),
-      replaceMethod("SBLockScreenNotificationListController", "loadView", loadView, loadViewDisplaced),
-      replaceMethod("SBAwayBulletinListItem", "iconImage", iconImage, iconImageDisplaced),
-      replaceMethod("SBAwayBulletinListItem", "canBeClearedByNotificationCenter", canBeClearedByNotificationCenter, canBeClearedDisplaced),
-      replaceMethod("SBLockScreenNotificationListView", "tableView:heightForRowAtIndexPath:", heightForRow, heightForRowDisplaced),
-      replaceMethod("SBLockScreenNotificationListView", "tableView:canEditRowAtIndexPath:", canEditRow, canEditRowDisplaced),
-      replaceMethod("SBLockScreenBulletinCell", "initWithStyle:reuseIdentifier:", initWithStyle, initWithStyleDisplaced),
-      replaceMethod("SBLockScreenBulletinCell", "setContentAlpha:", setContentAlpha, setContentAlphaDisplaced),
-      replaceMethod("SBLockScreenBulletinCell", "layoutSubviews", layoutSubviews, layoutSubviewsDisplaced),
-      replaceMethod("SBLockScreenView", "initWithFrame:", initWithFrame, initWithFrameDisplaced),
-      replaceMethod("SBLockScreenView", "_addLockContentUnderlayWithRequester:", addLockContentUnderlay, addUnderlayDisplaced),
+      replaceMethod<initWithPluginName>("SBLockScreenPluginOverlayContext", "initWithPluginName:pluginController:lockScreenViewController:", initWithPluginNameDisplaced),
+      addMethod<removeCustomBulletins>("SBLockScreenPluginOverlayContext", "removeCustomBulletins"),
+      replaceMethod<count>("SBLockScreenNotificationListController", "count", countDisplaced),
+      replaceMethod<turnOnScreenIfNecessaryForItem>("SBLockScreenNotificationListController", "turnOnScreenIfNecessaryForItem:", turnOnScreenDisplaced),
+      replaceMethod<loadView>("SBLockScreenNotificationListController", "loadView", loadViewDisplaced),
+      replaceMethod<iconImage>("SBAwayBulletinListItem", "iconImage", iconImageDisplaced),
+      replaceMethod<canBeClearedByNotificationCenter>("SBAwayBulletinListItem", "canBeClearedByNotificationCenter", canBeClearedDisplaced),
+      replaceMethod<heightForRow>("SBLockScreenNotificationListView", "tableView:heightForRowAtIndexPath:", heightForRowDisplaced),
+      replaceMethod<canEditRow>("SBLockScreenNotificationListView", "tableView:canEditRowAtIndexPath:", canEditRowDisplaced),
+      replaceMethod<initWithStyle>("SBLockScreenBulletinCell", "initWithStyle:reuseIdentifier:", initWithStyleDisplaced),
+      replaceMethod<setContentAlpha>("SBLockScreenBulletinCell", "setContentAlpha:", setContentAlphaDisplaced),
+      replaceMethod<layoutSubviews>("SBLockScreenBulletinCell", "layoutSubviews", layoutSubviewsDisplaced),
+      replaceMethod<initWithFrame>("SBLockScreenView", "initWithFrame:", initWithFrameDisplaced),
+      replaceMethod<addLockContentUnderlay>("SBLockScreenView", "_addLockContentUnderlayWithRequester:", addUnderlayDisplaced),
   };
   // clang-format on
   return entries;

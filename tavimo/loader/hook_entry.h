@@ -2,8 +2,8 @@
 // replacement whose signature does not fit its slot does not compile.
 #pragma once
 
+#include <concepts>
 #include <span>
-#include <type_traits>
 
 #include "platform/objc/displaced.h"
 #include "platform/objc/encoding.h"
@@ -20,17 +20,15 @@ struct HookEntry {
   const char* encoding;
 };
 
-template <typename Result, typename Self, typename... Arguments>
-HookEntry replaceMethod(const char* className, const char* selector,
-                        Result (*replacement)(Self*, SEL, Arguments...),
-                        objc::Displaced<Result(Self*, SEL, std::type_identity_t<Arguments>...)>& displaced) {
-  return {className, selector, reinterpret_cast<IMP>(replacement), displaced.place(), nullptr};
+template <auto Replacement, typename Signature>
+requires std::same_as<decltype(Replacement), Signature*> HookEntry
+replaceMethod(const char* className, const char* selector, objc::Displaced<Signature>& displaced) {
+  return {className, selector, objc::implementationOf<Replacement>(), displaced.place(), nullptr};
 }
 
-template <typename Result, typename Self, typename... Arguments>
-HookEntry addMethod(const char* className, const char* selector, Result (*method)(Self*, SEL, Arguments...)) {
-  return {className, selector, reinterpret_cast<IMP>(method), nullptr,
-          objc::MethodEncoding<Result, Arguments...>::value.c_str()};
+template <auto Method>
+HookEntry addMethod(const char* className, const char* selector) {
+  return {className, selector, objc::implementationOf<Method>(), nullptr, objc::encodingOf(Method)};
 }
 
 /// Installs one entry on the class.

@@ -69,7 +69,7 @@ objc::Owned<UIImage> coloredDot(UIColor* color, double diameter) {
 }
 
 objc::Owned<UIImage> roundedCopy(UIImage* image, double radius) {
-  if (radius == 0.0 || image == nullptr) return objc::Owned<UIImage>::retain(image);
+  if (image == nullptr) return {};
   const CGSize size = image->size();
   UIGraphicsBeginImageContextWithOptions(size, false, screenScale());
   CGContextRef const context = UIGraphicsGetCurrentContext();

@@ -12,7 +12,7 @@ namespace tavimo {
 objc::Owned<UIImage> coloredDot(UIColor* color, double diameter);
 
 /// A copy of the image with rounded corners at the screen's scale. The corner is cut with the square of
-/// `radius` in points. A radius of 0.0 gives the image itself; no image gives none.
+/// `radius` in points. No image gives none.
 objc::Owned<UIImage> roundedCopy(UIImage* image, double radius);
 
 }  // namespace tavimo

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,11 +27,8 @@ void redirect(int descriptor, const fs::path& file) {
   if (opened < 0 || dup2(opened, descriptor) < 0) _exit(127);
 }
 
-[[noreturn]] void becomeProgram(const fs::path& folder, const fs::path& streams,
-                                std::vector<std::string> words,
+[[noreturn]] void becomeProgram(const fs::path& folder, std::vector<std::string> words,
                                 const std::map<std::string, std::string>& environment) {
-  redirect(STDOUT_FILENO, streams / "out");
-  redirect(STDERR_FILENO, streams / "err");
   if (chdir(folder.c_str()) != 0) _exit(127);
   setenv("TZ", "Europe/Berlin", 1);
   unsetenv("TAVIMO_PHONE");
@@ -52,14 +50,22 @@ fs::path newFolder() {
   return name;
 }
 
+int exitCodeOf(pid_t child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
 CommandResult runProgram(const fs::path& folder, const std::vector<std::string>& words,
                          const std::map<std::string, std::string>& environment) {
   const fs::path streams = newFolder();
   const pid_t child = fork();
-  if (child == 0) becomeProgram(folder, streams, words, environment);
-  int status = 0;
-  waitpid(child, &status, 0);
-  CommandResult result{.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+  if (child == 0) {
+    redirect(STDOUT_FILENO, streams / "out");
+    redirect(STDERR_FILENO, streams / "err");
+    becomeProgram(folder, words, environment);
+  }
+  CommandResult result{.exitCode = exitCodeOf(child),
                        .output = contentOf(streams / "out"),
                        .errors = contentOf(streams / "err")};
   fs::remove_all(streams);
@@ -82,6 +88,23 @@ CommandResult Workplace::phone(const std::vector<std::string>& arguments,
 CommandResult Workplace::shell(const std::string& commandLine,
                                const std::map<std::string, std::string>& environment) const {
   return runProgram(folder_, {"bash", "-euo", "pipefail", "-c", commandLine}, environment);
+}
+
+CommandResult Workplace::terminal(const std::vector<std::string>& words, const std::string& typed,
+                                  const std::map<std::string, std::string>& environment) const {
+  int terminal = -1;
+  const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) becomeProgram(folder_, words, environment);
+  CommandResult result;
+  EXPECT_EQ(write(terminal, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
+  char buffer[4096];
+  // A terminal whose program has ended gives an error instead of an end.
+  for (ssize_t count = 0; (count = read(terminal, buffer, sizeof buffer)) > 0;) {
+    result.output.append(buffer, static_cast<std::size_t>(count));
+  }
+  close(terminal);
+  result.exitCode = exitCodeOf(child);
+  return result;
 }
 
 std::string Workplace::output(const std::vector<std::string>& arguments) const {

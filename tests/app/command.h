@@ -34,6 +34,11 @@ class Workplace {
   CommandResult shell(const std::string& commandLine,
                       const std::map<std::string, std::string>& environment = {}) const;
 
+  /// A program on a terminal of its own, with keys being typed; gives what the terminal shows. The program
+  /// has to end by itself.
+  CommandResult terminal(const std::vector<std::string>& words, const std::string& typed = {},
+                         const std::map<std::string, std::string>& environment = {}) const;
+
   /// What the command prints; the test fails when it does not end with 0.
   std::string output(const std::vector<std::string>& arguments) const;
 

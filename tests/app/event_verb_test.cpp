@@ -72,13 +72,48 @@ TEST_F(EventVerb, asksWhichOfSeveralEventsIsMeant) {
 
 TEST_F(EventVerb, saysWhenAChoiceCouldNotBeKept) {
   add("Dentist");
-  // A folder in the store's place: no write can succeed, whoever writes.
+  // A folder in the store's place: what cannot be read is not replaced, whoever writes.
   const auto store = workplace_.onPhone("var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist");
   std::filesystem::remove(store);
   std::filesystem::create_directory(store);
   const CommandResult result = workplace_.phone({"hide", "Dentist"});
   EXPECT_EQ(result.exitCode, 1);
-  EXPECT_NE(result.errors.find("could not be written"), std::string::npos) << result.errors;
+  EXPECT_NE(result.errors.find("not have been kept: cannot write " + store.string()), std::string::npos)
+      << result.errors;
+}
+
+TEST_F(EventVerb, printsTheSameObjectWhereverItPrintsJson) {
+  const Json added = Json::parse(
+      workplace_.output({"event", "new", "--title", "Dentist", "--start", "2026-03-07T17:00", "--json"}));
+  EXPECT_EQ(added, list().at(0));
+  EXPECT_EQ(Json::parse(workplace_.output({"event", "show", "Dentist", "--json"})), added);
+  const Json hidden = Json::parse(workplace_.output(
+      {"event", "edit", "Dentist", "--title", "Plumber", "--show-on-lockscreen", "off", "--json"}));
+  EXPECT_EQ(hidden, list().at(0));
+  EXPECT_EQ(hidden["title"], "Plumber");
+  EXPECT_TRUE(hidden["isHidden"].get<bool>());
+}
+
+TEST_F(EventVerb, showsTheOccurrenceThatComesNext) {
+  workplace_.shell(
+      "printf '%s\\n' BEGIN:VCALENDAR BEGIN:VEVENT UID:1 DTSTART:20260302T090000Z DURATION:PT1H "
+      "'RRULE:FREQ=WEEKLY;COUNT=3' SUMMARY:Meeting END:VEVENT BEGIN:VEVENT UID:1 "
+      "RECURRENCE-ID:20260309T090000Z DTSTART:20260310T090000Z DURATION:PT1H 'SUMMARY:Later meeting' "
+      "END:VEVENT END:VCALENDAR > weekly.ics; phone import weekly.ics");
+  const auto show = [this](const std::string& now) {
+    const std::string text = workplace_.output({"event", "show", "Meeting", "--now", now});
+    const Json json = Json::parse(workplace_.output({"event", "show", "Meeting", "--now", now, "--json"}));
+    EXPECT_NE(text.find(json["title"].get<std::string>() + "\n"), std::string::npos) << text;
+    // The view says the day in its own words.
+    std::string start = json["start"];
+    EXPECT_NE(text.find(" " + std::to_string(std::stoi(start.substr(8, 2)))), std::string::npos) << text;
+    return start;
+  };
+  EXPECT_EQ(show("2025-01-01"), "2026-03-02T10:00:00+01:00");
+  EXPECT_EQ(show("2026-03-02T10:59"), "2026-03-02T10:00:00+01:00");
+  EXPECT_EQ(show("2026-03-02T11:00"), "2026-03-10T10:00:00+01:00");
+  EXPECT_EQ(show("2026-03-11"), "2026-03-16T10:00:00+01:00");
+  EXPECT_EQ(show("2030-01-01"), "2026-03-16T10:00:00+01:00");
 }
 
 TEST_F(EventVerb, drawsViewAndEditor) {

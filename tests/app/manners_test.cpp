@@ -14,12 +14,15 @@ TEST(PhoneCommand, everyVerbHelpsWithAnExample) {
       {},
       {"create"},
       {"import"},
+      {"export"},
       {"lockscreen"},
       {"calendars"},
       {"calendars", "list"},
       {"calendars", "show"},
       {"calendars", "hide"},
       {"calendars", "select"},
+      {"calendars", "rename"},
+      {"calendars", "remove"},
       {"hide"},
       {"unhide"},
       {"event"},
@@ -40,6 +43,8 @@ TEST(PhoneCommand, everyVerbHelpsWithAnExample) {
       {"order", "notifications-first"},
       {"order", "none"},
       {"order", "set"},
+      {"completion"},
+      {"help"},
   };
   for (std::vector<std::string> words : verbs) {
     std::string line = "phone";
@@ -96,6 +101,20 @@ TEST(PhoneCommand, saysWhatIsWrongAndEndsWithItsCode) {
       {{"settings", "get", "TEXTSIZE"}, 2, "textSize"},
       {{"settings", "unset"}, 2, "--all"},
       {{"order", "sideways"}, 2, "sideways"},
+      {{"evnt", "list"}, 2, "did you mean event?"},
+      {{"event", "lsit"}, 2, "did you mean list?"},
+      {{"--versoin"}, 2, "there is no option --versoin here; did you mean --version?"},
+      {{"version"}, 2, "did you mean --version?"},
+      {{"event", "list", "--jsno"}, 2, "there is no option --jsno here; did you mean --json?"},
+      {{"event", "list", "--rooot=x"}, 2, "did you mean --root?"},
+      {{"event", "list", "--fly"}, 2, "there is no option --fly here\n"},
+      {{"settings", "get", "textSzie"}, 2, "did you mean textSize?"},
+      {{"help", "event", "nwe"}, 2, "there is no verb \"phone event nwe\"; did you mean new?"},
+      {{"help", "--man", "event"}, 2, "name none"},
+      {{"completion", "fish"}, 2, "zsh"},
+      {{"export"}, 1, "no calendars to export"},
+      {{"calendars", "rename", "Work", ""}, 2, "empty"},
+      {{"calendars", "remove", "Work"}, 1, "Work"},
   };
   for (const BadUse& use : uses) {
     const CommandResult result = workplace.phone(use.words);

@@ -101,6 +101,19 @@ TEST_P(CalendarScreens, comeBackWhenTheOneInFrontIsLeftOrItsEventIsDeleted) {
   EXPECT_THROW(calendar.editFrontEvent(), std::runtime_error);
 }
 
+TEST_P(CalendarScreens, goWithTheirEventWhereverItIsDeleted) {
+  auto calendar = boot();
+  const std::string kept = add(calendar, {.title = "Kept"});
+  const std::string deleted = add(calendar, {.title = "Deleted"});
+  calendar.openEvent(deleted);
+  EKEventViewController* const below = calendar.openEvent(kept);
+  calendar.openEvent(deleted);
+  EXPECT_TRUE(calendar.close(calendar.editFrontEvent(), EditAction::kDeleted));
+  EXPECT_EQ(calendar.frontView(), below);
+  EXPECT_TRUE(calendar.close(calendar.editEvent(kept), EditAction::kDeleted));
+  EXPECT_EQ(calendar.frontView(), nullptr);
+}
+
 /// A calendar file with an event that repeats on five days.
 std::string series(const std::string& title) {
   return "BEGIN:VCALENDAR\nVERSION:2.0\nX-WR-CALNAME:Work\nBEGIN:VEVENT\nUID:standup\nSUMMARY:" + title +

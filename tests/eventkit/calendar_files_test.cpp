@@ -39,7 +39,7 @@ std::string report(CalendarDatabase& database, const std::filesystem::path& file
   const EventZone zone = *EventZone::named(zoneName);
   std::ostringstream text;
   text << "zone " << zoneName << "\nrange " << rangeText << "\n";
-  const ImportResult imported = importCalendars(database, {file});
+  const ImportResult imported = importCalendars(database, {file}, {.phoneZone = zone});
   std::vector<std::int64_t> calendars;
   for (const ImportedCalendar& one : imported.calendars) {
     char color[10];
@@ -52,7 +52,7 @@ std::string report(CalendarDatabase& database, const std::filesystem::path& file
   }
   const auto wall = [&](std::size_t at) { return zone.toInstant(parseTime(rangeText.substr(at, 19))); };
   for (const EventOccurrence& event :
-       occurrencesInRange(database, {wall(0), wall(rangeText.size() - 19)}, calendars, zone)) {
+       occurrencesInRange(database, {wall(0), wall(rangeText.size() - 19)}, calendars, zone).occurrences) {
     text << show(event, zone);
   }
   return text.str();

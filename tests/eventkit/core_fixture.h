@@ -11,7 +11,7 @@
 
 namespace phone {
 
-/// "2024-03-31 12:00:00" as a wall time, and back.
+/// "2024-03-31 12:00:00" as a wall time, and back; a date alone is its midnight.
 inline Seconds parseTime(const std::string& text) {
   int part[6] = {};
   std::sscanf(text.c_str(), "%d-%d-%d %d:%d:%d", &part[0], &part[1], &part[2], &part[3], &part[4], &part[5]);

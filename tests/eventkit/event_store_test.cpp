@@ -1,6 +1,8 @@
 // The store's classes as a calendar app uses them: adding, finding, changing and removing events.
 #include <fstream>
 
+#include "phone/eventkit/import.h"
+#include "phone/foundation/log_sink.h"
 #include "tests/eventkit/store_fixture.h"
 
 namespace phone {
@@ -77,6 +79,23 @@ TEST_F(EventStoreTest, ASavedEventCanBeChangedAndRemoved) {
   EXPECT_NE(calendarStoreProblem(), "");
 }
 
+TEST_F(EventStoreTest, WhatASearchLeavesOutIsLogged) {
+  const auto file = root_ / "seconds.ics";
+  std::ofstream(file)
+      << "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:1\nDTSTART:20140307T090000Z\nRRULE:FREQ=SECONDLY\n"
+         "END:VEVENT\nEND:VCALENDAR\n";
+  importCalendars(sharedDatabaseForWriting(), {file});
+  clearLog();
+  EXPECT_EQ(events(at(2014, 3, 7, 9), at(2014, 3, 7, 9, 10))->count(), 600u);
+  EXPECT_EQ(logCount(), 0u);
+  EXPECT_EQ(events(at(2014, 3, 7), at(2014, 3, 8))->count(), kMaxOccurrencesOfRule);
+  ASSERT_EQ(logCount(), 1u);
+  EXPECT_EQ(
+      logLines()[0],
+      "Calendar: 1 rule repeats more than 1000 times in the time that is searched; later occurrences are "
+      "left out");
+}
+
 TEST_F(EventStoreTest, UsingAnEventAfterItsStoreEndsTheProcessNamingTheMessage) {
   EKEvent* const saved = newEvent(addCalendar("Work"), "Draft"_ns, at(2014, 3, 7, 9), at(2014, 3, 7, 10));
   ASSERT_TRUE(save(saved));
@@ -128,6 +147,20 @@ TEST_F(EventStoreTest, AnEmptyFileIsALostDatabaseAndNoNewOne) {
   EXPECT_NE(firstStoreProblem(), "") << "the first did not";
   addCalendar("Work");
   EXPECT_EQ(store_->calendars()->count(), 1u);
+}
+
+TEST_F(EventStoreTest, ASuccessClearsTheProblemOfAnEarlierChange) {
+  EKCalendar* const work = addCalendar("Work");
+  EKEvent* const unsaved = newEvent(work, "a"_ns, at(2014, 3, 7, 9), at(2014, 3, 7, 10));
+  ASSERT_FALSE(remove(unsaved)) << "it was never saved";
+  ASSERT_NE(calendarStoreProblem(), "");
+  ASSERT_TRUE(save(unsaved));
+  EXPECT_EQ(calendarStoreProblem(), "");
+
+  ASSERT_FALSE(remove(newEvent(work, "b"_ns, at(2014, 3, 8, 9), at(2014, 3, 8, 10))));
+  ASSERT_NE(calendarStoreProblem(), "");
+  EXPECT_EQ(titles(at(2014, 3, 7), at(2014, 3, 8)), " a");
+  EXPECT_EQ(calendarStoreProblem(), "") << "a search went well, too";
 }
 
 TEST_F(EventStoreTest, WhatAnotherProcessWritesIsSeen) {

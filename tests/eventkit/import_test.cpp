@@ -19,7 +19,8 @@ class ImportTest : public CoreTest {
     std::vector<std::int64_t> rows;
     for (const CalendarRecord& calendar : database().calendars()) rows.push_back(calendar.id);
     return occurrencesInRange(
-        database(), {parseTime("1900-01-01 00:00:00"), parseTime("2100-01-01 00:00:00")}, rows, utc());
+               database(), {parseTime("1900-01-01 00:00:00"), parseTime("2100-01-01 00:00:00")}, rows, utc())
+        .occurrences;
   }
   /// The titles of all occurrences, in order, each after a space.
   std::string titles() {
@@ -172,6 +173,19 @@ TEST_F(ImportTest, EventsWithoutUidKeepTheirIdentity) {
   const std::string content = calendarOf(event + "a\nEND:VEVENT\n" + event + "b\nEND:VEVENT\n");
   EXPECT_EQ(importOne(write("work.ics", content)).added, 2u);
   EXPECT_EQ(importOne(folder_ / "work.ics").unchanged, 2u);
+}
+
+TEST_F(ImportTest, ACalendarWithoutEventsIsACalendar) {
+  const ImportedCalendar empty =
+      importOne(write("empty.ics", calendarOf("X-WR-CALNAME:Nothing yet\nCOLOR:steelblue\n")));
+  EXPECT_EQ(empty.calendar.title, "Nothing yet");
+  EXPECT_EQ(empty.calendar.color, 0x4682b4ffu);
+  EXPECT_EQ(empty.added, 0u);
+  EXPECT_EQ(database().calendars().size(), 1u);
+  EXPECT_EQ(titles(), "");
+  importOne(write("tasks.ics", calendarOf("BEGIN:VTODO\nUID:1\nSUMMARY:task\nEND:VTODO\n")));
+  EXPECT_EQ(database().calendars().at(1).title, "tasks") << "it says no name, so it has its file's";
+  EXPECT_EQ(titles(), "");
 }
 
 TEST_F(ImportTest, AFolderOfEventsIsOneCalendar) {

@@ -18,7 +18,11 @@ namespace {
 
 constexpr const char* kScripts[] = {
     "Grüße, AVA", "مرحبا بالعالم", "שלום עולם", "日本語の会議", "🎉🧑‍💻👍🏽🇩🇪",
-    "हिन्दी ไทย"};
+    "हिन्दी ไทย",  "주간 회의",     "每周会议"};
+/// A text in each script that comes with a bold face.
+constexpr const char* kBoldScripts[] = {"Grüße",     "Ω Я",      "مرحبا",   "שלום", "日本語の会議",
+                                        "주간 회의", "每周会议", "हिन्दी",   "ไทย",  "বাংলা",
+                                        "தமிழ்",      "Հայերեն",  "ქართული", "አማርኛ"};
 
 class Text : public UIKitTest {
  protected:
@@ -33,10 +37,16 @@ class Text : public UIKitTest {
         characters.data(), NSUInteger{characters.size()});
   }
 
+  static UIFont* boldFont(double points) {
+    return objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{points});
+  }
+
   /// A label of that width with the text in black on white, at two pixels a point.
-  static Surface draw(NSString* text, double width, TextAlignment alignment = TextAlignment::kLeft) {
+  static Surface draw(NSString* text, double width, TextAlignment alignment = TextAlignment::kLeft,
+                      UIFont* font = UIFont::systemFontOfSize(17)) {
     const auto label = makeView<UILabel, "UILabel">({{0, 0}, {width, 30}});
     label->setText(text);
+    label->setFont(font);
     objc::send<"setTextAlignment:">(label.get(), static_cast<NSInteger>(alignment));
     objc::send<"setBackgroundColor:">(label.get(), UIColor::whiteColor());
     return pictureOfView(label.get(), 2);
@@ -60,6 +70,26 @@ class Text : public UIKitTest {
     return ink;
   }
 };
+
+/// How much black the picture has: the sum of what each pixel lacks of white.
+double blackIn(const Surface& picture) {
+  double black = 0;
+  for (int x = 0; x < cairo_image_surface_get_width(picture.get()); ++x) {
+    for (int y = 0; y < cairo_image_surface_get_height(picture.get()); ++y) {
+      black += pixelDistance(pixelAt(picture, x, y), {255, 255, 255, 255});
+    }
+  }
+  return black;
+}
+
+bool samePixels(const Surface& left, const Surface& right, int columns) {
+  for (int x = 0; x < columns; ++x) {
+    for (int y = 0; y < cairo_image_surface_get_height(left.get()); ++y) {
+      if (!(pixelAt(left, x, y) == pixelAt(right, x, y))) return false;
+    }
+  }
+  return true;
+}
 
 TEST_F(Text, LineHeightsAreWholeAndGrowWithTheFont) {
   double before = 0;
@@ -129,12 +159,30 @@ TEST_F(Text, HostileTextsAndSizesGiveFiniteSizesAndAreDrawn) {
 }
 
 TEST_F(Text, FontsKeepTheirWeightAtAnotherSize) {
-  auto* const bold = objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{20});
-  UIFont* const smaller = bold->fontWithSize(12);
+  UIFont* const smaller = boldFont(20)->fontWithSize(12);
   EXPECT_EQ(smaller->pointSize(), 12);
-  EXPECT_TRUE(smaller->isEqual(objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{12})));
+  EXPECT_TRUE(smaller->isEqual(boldFont(12)));
   EXPECT_FALSE(smaller->isEqual(UIFont::systemFontOfSize(12)));
   EXPECT_GT(sizeWithFont("Title"_ns, smaller).width, widthOf("Title"_ns, 12));
+}
+
+TEST_F(Text, BoldIsBoldInEveryScript) {
+  for (const char* const script : kBoldScripts) {
+    const double regular = blackIn(draw(text(script), 200));
+    EXPECT_GT(regular, 0) << script;
+    EXPECT_GT(blackIn(draw(text(script), 200, TextAlignment::kLeft, boldFont(17))), 1.15 * regular) << script;
+  }
+}
+
+TEST_F(Text, SharedCharactersHaveTheFormsOfTheTextsLanguage) {
+  // This character is drawn differently in each of the two; 17 points wide, it fills the first 34 columns.
+  constexpr int kColumns = 34;
+  const Surface chinese = draw(text("直飞"), 200);
+  const Surface japanese = draw(text("直の"), 200);
+  EXPECT_FALSE(samePixels(chinese, japanese, kColumns));
+  EXPECT_TRUE(samePixels(draw(text("直达"), 200), chinese, kColumns));
+  EXPECT_TRUE(samePixels(draw(text("直ス"), 200), japanese, kColumns));
+  EXPECT_TRUE(samePixels(draw(text("한国"), 200), draw(text("한글"), 200), kColumns - 2));
 }
 
 TEST_F(Text, LabelOfTheMeasuredWidthShowsTheWholeText) {
@@ -175,13 +223,18 @@ TEST_F(Text, AlignmentPlacesTheLine) {
 }
 
 TEST_F(Text, AllScriptsLookAsTheyDid) {
-  const auto page = makeView<UIView, "UIView">({{0, 0}, {200, 26.0 * std::size(kScripts)}});
+  const auto page = makeView<UIView, "UIView">({{0, 0}, {400, 26.0 * std::size(kScripts)}});
   objc::send<"setBackgroundColor:">(page.get(), UIColor::whiteColor());
   double top = 0;
   for (const char* const script : kScripts) {
-    const auto label = makeView<UILabel, "UILabel">({{5, top}, {190, 26}});
-    label->setText(text(script));
-    page->addSubview(label.get());
+    double left = 5;
+    for (UIFont* const font : {UIFont::systemFontOfSize(17), boldFont(17)}) {
+      const auto label = makeView<UILabel, "UILabel">({{left, top}, {190, 26}});
+      label->setText(text(script));
+      label->setFont(font);
+      page->addSubview(label.get());
+      left += 200;
+    }
     top += 26;
   }
   EXPECT_TRUE(

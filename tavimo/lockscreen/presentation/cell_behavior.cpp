@@ -1,6 +1,7 @@
 #include "tavimo/lockscreen/presentation/cell_behavior.h"
 
 #include "tavimo/lockscreen/list_items.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/lockscreen/presentation/cell_row.h"
 #include "tavimo/settings/log.h"
 
@@ -8,7 +9,7 @@ namespace tavimo {
 
 namespace {
 
-bool staysOpaque(SBLockScreenBulletinCell* cell, CGFloat alpha) {
+TAVIMO_OWN_WORK bool staysOpaque(SBLockScreenBulletinCell* cell, CGFloat alpha) {
   NSIndexPath* const indexPath = indexPathOfCell(cell);
   if (indexPath->row() == 0 && indexPath->section() == 0) return true;
   if (ownRecordOf(listItemAt(indexPath)) == nullptr) return false;

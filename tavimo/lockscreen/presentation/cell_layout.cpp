@@ -9,6 +9,7 @@
 #include "tavimo/lockscreen/color_tag.h"
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/lockscreen/presentation/cell_metrics.h"
 #include "tavimo/lockscreen/presentation/cell_row.h"
 #include "tavimo/settings/log.h"
@@ -98,20 +99,23 @@ void setSeparators(SBLockScreenBulletinCell* cell) {
   }
 }
 
+TAVIMO_OWN_WORK void layOutOwnCell(SBLockScreenBulletinCell* cell) {
+  NSObject* const item = listItemAt(indexPathOfCell(cell));
+  NSLog("cell layoutSubviews. item class=%@. secondary color=%@"_ns,
+        NSStringFromClass(objc::send<"class", Class>(item)), cell->secondaryLabel()->textColor());
+  BBBulletin* const bulletin = ownRecordOf(item);
+  if (bulletin == nullptr) return;
+  logDebug<"%@ cell layoutSubviews, detected TVM cell">();
+  styleLabels(cell, bulletin);
+  placeLabels(cell);
+  setSeparators(cell);
+}
+
 }  // namespace
 
 void layoutSubviews(SBLockScreenBulletinCell* self, SEL selector) {
   layoutSubviewsDisplaced(self, selector);
-  if (!isEnabled) return;
-  NSObject* const item = listItemAt(indexPathOfCell(self));
-  NSLog("cell layoutSubviews. item class=%@. secondary color=%@"_ns,
-        NSStringFromClass(objc::send<"class", Class>(item)), self->secondaryLabel()->textColor());
-  BBBulletin* const bulletin = ownRecordOf(item);
-  if (bulletin == nullptr) return;
-  logDebug<"%@ cell layoutSubviews, detected TVM cell">();
-  styleLabels(self, bulletin);
-  placeLabels(self);
-  setSeparators(self);
+  if (isEnabled) layOutOwnCell(self);
 }
 
 }  // namespace tavimo

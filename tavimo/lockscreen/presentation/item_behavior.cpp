@@ -2,6 +2,7 @@
 
 #include "tavimo/lockscreen/color_tag.h"
 #include "tavimo/lockscreen/list_items.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/settings/image_utilities.h"
 #include "tavimo/settings/log.h"
 
@@ -12,12 +13,13 @@ namespace {
 constexpr double kDotDiameter = 30.0;
 constexpr double kLargeDotDiameter = 50.0;
 
+/// While disabled, asking what an item can do only serves the debug message.
+bool asksItems() { return isEnabled || debugMode; }
+
 /// The list item's record when the item is the plug-in's own, else none. Both callers are methods of the list
 /// item class itself, so the record's identifier alone decides. Not every release's items can be asked for
 /// it.
-BBBulletin* ownRecord(SBAwayBulletinListItem* item) {
-  // While disabled, asking what the item can do would only serve the debug message.
-  if (!isEnabled && !debugMode) return nullptr;
+TAVIMO_OWN_WORK BBBulletin* ownRecord(SBAwayBulletinListItem* item) {
   if (!item->respondsToSelector(objc::selector<"activeBulletin">())) {
     logDebug<"%@ SBAwayBulletinListItem not responding to the required selector, ignoring">();
     return nullptr;
@@ -31,30 +33,37 @@ UIImage* dot(BBBulletin* bulletin, double diameter) {
   return coloredDot(taggedColor(bulletin), diameter).autorelease();
 }
 
-}  // namespace
-
-UIImage* iconImage(SBAwayBulletinListItem* self, SEL selector) {
-  BBBulletin* const bulletin = ownRecord(self);
-  if (bulletin == nullptr) return iconImageDisplaced(self, selector);
+TAVIMO_OWN_WORK UIImage* iconImageWhenAsking(SBAwayBulletinListItem* item, SEL selector) {
+  BBBulletin* const bulletin = ownRecord(item);
+  if (bulletin == nullptr) return iconImageDisplaced(item, selector);
   if (iconFile->isEqualToString("NONE"_ns)) return nullptr;
   if (iconFile->isEqualToString("DOT"_ns)) return dot(bulletin, kDotDiameter);
   if (iconFile->isEqualToString("DOT_LARGE"_ns)) return dot(bulletin, kLargeDotDiameter);
   return icon;
 }
 
+TAVIMO_OWN_WORK bool isOwnRow(NSIndexPath* indexPath) {
+  SBAwayBulletinListItem* const item = asBulletinListItem(listItemAt(indexPath));
+  if (item == nullptr) return false;
+  BBBulletin* const bulletin = recordOf(item);
+  if (debugMode) NSLog("Cell active bulletin: %@"_ns, bulletin->bulletinID());
+  return publisherOf(bulletin) == Publisher::kOwn;
+}
+
+}  // namespace
+
+UIImage* iconImage(SBAwayBulletinListItem* self, SEL selector) {
+  return asksItems() ? iconImageWhenAsking(self, selector) : iconImageDisplaced(self, selector);
+}
+
 bool canBeClearedByNotificationCenter(SBAwayBulletinListItem* self, SEL selector) {
-  return ownRecord(self) == nullptr && canBeClearedDisplaced(self, selector);
+  if (asksItems() && ownRecord(self) != nullptr) return false;
+  return canBeClearedDisplaced(self, selector);
 }
 
 bool canEditRow(SBLockScreenNotificationListView* self, SEL selector, UITableView* tableView,
                 NSIndexPath* indexPath) {
-  if (isEnabled) {
-    if (SBAwayBulletinListItem* const item = asBulletinListItem(listItemAt(indexPath)); item != nullptr) {
-      BBBulletin* const bulletin = recordOf(item);
-      if (debugMode) NSLog("Cell active bulletin: %@"_ns, bulletin->bulletinID());
-      if (publisherOf(bulletin) == Publisher::kOwn) return false;
-    }
-  }
+  if (isEnabled && isOwnRow(indexPath)) return false;
   return canEditRowDisplaced(self, selector, tableView, indexPath);
 }
 

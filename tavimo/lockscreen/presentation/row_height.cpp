@@ -6,6 +6,7 @@
 #include "platform/uikit/string_drawing.h"
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/lockscreen/presentation/cell_metrics.h"
 #include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
@@ -41,11 +42,8 @@ BBBulletin* ownRecordOfRow(NSObject* item) {
   return nullptr;
 }
 
-}  // namespace
-
-CGFloat heightForRow(SBLockScreenNotificationListView* self, SEL selector, UITableView* tableView,
-                     NSIndexPath* indexPath) {
-  if (!isEnabled) return heightForRowDisplaced(self, selector, tableView, indexPath);
+TAVIMO_OWN_WORK CGFloat heightWhileEnabled(SBLockScreenNotificationListView* self, SEL selector,
+                                           UITableView* tableView, NSIndexPath* indexPath) {
   logDebug<"%@ heightForRowAtIndexPath">();
   NSObject* const item = listItemAt(indexPath);
   BBBulletin* const bulletin = ownRecordOfRow(item);
@@ -57,6 +55,14 @@ CGFloat heightForRow(SBLockScreenNotificationListView* self, SEL selector, UITab
   objc::readIvar<NSMutableDictionary>(self, "_heightForListItemCache")
       ->setObject(NSNumber::numberWithFloat(static_cast<float>(height)), item);
   return static_cast<CGFloat>(height);
+}
+
+}  // namespace
+
+CGFloat heightForRow(SBLockScreenNotificationListView* self, SEL selector, UITableView* tableView,
+                     NSIndexPath* indexPath) {
+  if (!isEnabled) return heightForRowDisplaced(self, selector, tableView, indexPath);
+  return heightWhileEnabled(self, selector, tableView, indexPath);
 }
 
 }  // namespace tavimo

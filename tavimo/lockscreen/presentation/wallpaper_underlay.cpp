@@ -2,6 +2,7 @@
 
 #include "platform/objc/ivar.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/lockscreen/publishing/custom_items.h"
 #include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
@@ -29,14 +30,7 @@ bool isDecidedHere(NSString* requester) {
   return requester->isEqualToString("NotificationList"_ns);
 }
 
-}  // namespace
-
-id initWithFrame(SBLockScreenView* self, SEL selector, CGRect frame) {
-  if (sBLockScreenView != self) objc::assignStrong(sBLockScreenView, self);
-  return initWithFrameDisplaced(self, selector, frame);
-}
-
-void addLockContentUnderlay(SBLockScreenView* self, SEL selector, NSString* requester) {
+TAVIMO_OWN_WORK void addUnlessSuppressed(SBLockScreenView* self, SEL selector, NSString* requester) {
   if (isEnabled) {
     NSString* const name = asText(requester);
     if (name->isEqualToString("OrvNotificationList"_ns)) {
@@ -50,6 +44,19 @@ void addLockContentUnderlay(SBLockScreenView* self, SEL selector, NSString* requ
     }
   }
   logDebug<"%@ not supressing wallpaper underlay for context: %@">(requester);
+  addUnderlayDisplaced(self, selector, requester);
+}
+
+}  // namespace
+
+id initWithFrame(SBLockScreenView* self, SEL selector, CGRect frame) {
+  if (sBLockScreenView != self) objc::assignStrong(sBLockScreenView, self);
+  return initWithFrameDisplaced(self, selector, frame);
+}
+
+void addLockContentUnderlay(SBLockScreenView* self, SEL selector, NSString* requester) {
+  // While disabled there is only a message to write, in debug mode.
+  if (isEnabled || debugMode) return addUnlessSuppressed(self, selector, requester);
   addUnderlayDisplaced(self, selector, requester);
 }
 

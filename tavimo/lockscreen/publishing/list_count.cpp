@@ -2,6 +2,7 @@
 
 #include "platform/objc/ivar.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/lockscreen/publishing/custom_items.h"
 #include "tavimo/settings/log.h"
 
@@ -17,17 +18,20 @@ void removeUnderlays() {
   sBLockScreenView->removeLockContentUnderlay(lastOverlayContextRequester);
 }
 
-}  // namespace
-
-NSUInteger count(SBLockScreenNotificationListController* self, SEL selector) {
-  const NSUInteger counted = countDisplaced(self, selector);
-  if (!isEnabled) return counted;
-  auto* const listItems = objc::readIvar<NSMutableArray>(self, "_listItems");
+TAVIMO_OWN_WORK void followCount(SBLockScreenNotificationListController* controller) {
+  auto* const listItems = objc::readIvar<NSMutableArray>(controller, "_listItems");
   if (debugMode) {
     logAlways("%@ SBLockScreenNotificationListController listitems count=%lu"_ns, listItems->count());
   }
   const bool onlyCustom = onlyCustomItemsAreDisplayed(listItems);
   if (onlyCustom && wallpaperBlurMode != 0) removeUnderlays();
+}
+
+}  // namespace
+
+NSUInteger count(SBLockScreenNotificationListController* self, SEL selector) {
+  const NSUInteger counted = countDisplaced(self, selector);
+  if (isEnabled) followCount(self);
   return counted;
 }
 

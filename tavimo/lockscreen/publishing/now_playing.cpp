@@ -4,6 +4,7 @@
 #include "platform/objc/ivar.h"
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
 
@@ -25,18 +26,20 @@ objc::Owned<NSMutableArray> ownBulletins(NSArray* listItems) {
   return bulletins;
 }
 
+TAVIMO_OWN_WORK void followPlugin(SBLockScreenPluginOverlayContext* context, NSString* pluginName) {
+  if (asText(pluginName)->isEqualToString("NowPlayingArtLockScreen"_ns)) {
+    logDebug<"%@ detected Now Playing Screen">();
+    context->performSelector(objc::selector<"removeCustomBulletins">(), nullptr, kRemovalDelaySeconds);
+  } else {
+    logDebug<"%@ SBLockScreenPluginOverlayContext plugin is %@">(pluginName);
+  }
+}
+
 }  // namespace
 
 id initWithPluginName(SBLockScreenPluginOverlayContext* self, SEL selector, NSString* pluginName,
                       NSObject* pluginController, NSObject* lockScreenViewController) {
-  if (hideOnNowPlayingScreen && isEnabled) {
-    if (asText(pluginName)->isEqualToString("NowPlayingArtLockScreen"_ns)) {
-      logDebug<"%@ detected Now Playing Screen">();
-      self->performSelector(objc::selector<"removeCustomBulletins">(), nullptr, kRemovalDelaySeconds);
-    } else {
-      logDebug<"%@ SBLockScreenPluginOverlayContext plugin is %@">(pluginName);
-    }
-  }
+  if (hideOnNowPlayingScreen && isEnabled) followPlugin(self, pluginName);
   return initWithPluginNameDisplaced(self, selector, pluginName, pluginController, lockScreenViewController);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/objc/class_name.h"
 #include "platform/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
 #include "tavimo/lockscreen/list_items.h"
+#include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/settings/log.h"
 
 namespace tavimo {
@@ -22,14 +23,16 @@ BBBulletin* bulletinBehind(NSObject* item) {
   return nullptr;
 }
 
+TAVIMO_OWN_WORK bool isAskedByOwn(NSObject* item) {
+  if (debugMode) NSLog("TVM: SBLockScreenNotificationListController turnOnScreenIfNecessaryForItem."_ns);
+  return publisherOf(bulletinBehind(item)) == Publisher::kOwn;
+}
+
 }  // namespace
 
 void turnOnScreenIfNecessaryForItem(SBLockScreenNotificationListController* self, SEL selector,
                                     NSObject* item) {
-  if (isEnabled) {
-    if (debugMode) NSLog("TVM: SBLockScreenNotificationListController turnOnScreenIfNecessaryForItem."_ns);
-    if (publisherOf(bulletinBehind(item)) == Publisher::kOwn) return;
-  }
+  if (isEnabled && isAskedByOwn(item)) return;
   turnOnScreenDisplaced(self, selector, item);
 }
 

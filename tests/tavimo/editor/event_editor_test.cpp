@@ -106,6 +106,13 @@ TEST(EditList, OfAnEditorWithoutTheVariableStaysTheHosts) {
   EXPECT_EQ(phone.store(), Store()) << "an editor without item has nothing to write";
 }
 
+TEST(EditList, OfAPhoneWithoutEditItemsIsTheHosts) {
+  RecordingCalendar phone({.editItemClass = "EKEventEditRow"});
+  const auto event = phone.event(kUrl);
+  const auto editor = phone.editor(event.get());
+  EXPECT_EQ(classesOf(RecordingCalendar::editItems(editor.get())), Texts(12, "EKEventEditRow"));
+}
+
 TEST(EditList, IsChangedAtItsFirstBuildOnly) {
   RecordingCalendar phone;
   const auto event = phone.event(kUrl);

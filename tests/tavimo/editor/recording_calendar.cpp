@@ -71,17 +71,19 @@ ClassDefinition itemClass(const char* name, MethodDefinition pointing) {
                       method("cellForSubitemAtIndex:inSubsection:", noCellInSubsection)}};
 }
 
+const char* editItemClass = nullptr;
+
 NSArray* editItems(NSObject* self, SEL) {
   auto& shape = stateOf<EditorState>(self).shape;
   auto* const built = objc::readIvar<NSArray>(self, "_editItems");
   if (built != nullptr || shape.fields == std::string::npos) return built;
   NSMutableArray* const items = NSMutableArray::array();
-  addItems(items, "EKEventEditItem", shape.fields);
+  addItems(items, editItemClass, shape.fields);
   objc::writeIvar(self, "_editItems", frozen(items));
   NSMutableArray* const groups = NSMutableArray::array();
   for (const std::size_t length : shape.groups) {
     NSMutableArray* const group = NSMutableArray::array();
-    addItems(group, "EKEventEditItem", length);
+    addItems(group, editItemClass, length);
     groups->addObject(frozen(group));
   }
   objc::writeIvar<NSObject>(self, "_orderedEditItems", shape.oddGroups.value_or(groups));
@@ -150,7 +152,8 @@ RecordingCalendar::RecordingCalendar(const CalendarShape& shape) {
                  .superclass = "NSObject",
                  .state = state<EventState>(),
                  .methods = {getter<&EventState::externalURI>("externalURI")}});
-  registerClass(itemClass("EKEventEditItem", method("setCalendarItem:store:", setCalendarItem)));
+  editItemClass = shape.editItemClass;
+  registerClass(itemClass(editItemClass, method("setCalendarItem:store:", setCalendarItem)));
   if (shape.hasDetailItemClass) {
     registerClass(itemClass("EKEventDetailItem", method("setEvent:store:", setEvent)));
   }

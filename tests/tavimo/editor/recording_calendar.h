@@ -34,6 +34,8 @@ struct CalendarShape {
   double foundationVersion = 1144.17;
   bool editorHasEditItems = true;
   bool editorHasGroups = true;
+  /// Of an editor's rows; that of the phone is what the plug-in's own row extends.
+  const char* editItemClass = "EKEventEditItem";
   /// Whether there is the class that the plug-in's detail item extends.
   bool hasDetailItemClass = true;
 };

@@ -11,6 +11,7 @@
 #include "tests/tavimo/loader/installation_record.h"
 #include "tests/tavimo/support/bare_hosts.h"
 #include "tests/tavimo/support/message_recorder.h"
+#include "tests/tavimo/support/plugin_values.h"
 
 namespace phone {
 namespace {
@@ -101,6 +102,7 @@ TEST_F(Installation, OtherProcessGetsTheEditorsEntriesAndTheDetailItemLast) {
   unsigned int methods = 0;
   std::free(class_copyMethodList(objc_getClass("EKEventDetailItemOrv"), &methods));
   EXPECT_EQ(methods, 23U);
+  EXPECT_FALSE(exported<bool>("isEnabled"));
 }
 
 TEST_F(Installation, ProcessWithoutAnyOfTheClassesIsUnharmed) {

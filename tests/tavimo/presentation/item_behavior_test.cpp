@@ -1,11 +1,8 @@
 // Icons, clearing and swiping: what the plug-in's own items answer, and that every other item answers what
 // the host does.
-#include <cairo.h>
-#include <cstdint>
-
-#include "phone/uikit/ui_image.h"
 #include "platform/foundation/ns_number.h"
 #include "tests/tavimo/presentation/recording_lock_screen.h"
+#include "tests/tavimo/support/pixels.h"
 
 namespace phone {
 namespace {
@@ -16,15 +13,6 @@ constexpr const char* kNoColor2 = "TVM: did not find custom color string! (2)";
 void setIconFile(NSString* file) { exported<NSString*>("iconFile") = file; }
 
 UIImage* iconOf(SBAwayListItem* item) { return item->iconImage(); }
-
-/// The pixel as 0xAARRGGBB.
-std::uint32_t pixelAt(UIImage* image, int x, int y) {
-  cairo_surface_t* const surface = surfaceOf(image).get();
-  cairo_surface_flush(surface);
-  const unsigned char* const line = cairo_image_surface_get_data(surface) +
-                                    static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface);
-  return reinterpret_cast<const std::uint32_t*>(line)[x];
-}
 
 /// The ring is one point wide; its curve leaves a little of the pixel's corners free.
 bool isBlack(std::uint32_t pixel) { return (pixel & 0xFFFFFF) == 0 && pixel >> 24 > 0xF0; }

@@ -70,7 +70,9 @@ TEST_F(Order, ItemsOfTheClassAreAskedOnceAndTheHostOnlyForOthers) {
       {"iconImage", [](SBAwayBulletinListItem* item) { item->iconImage(); }},
       {"canBeClearedByNotificationCenter",
        [](SBAwayBulletinListItem* item) { item->canBeClearedByNotificationCenter(); }}};
-  for (const auto& [host, ask] : questions) {
+  for (const auto& question : questions) {
+    const char* const host = question.first;
+    const auto& ask = question.second;
     exported<bool>("isEnabled") = true;
     expectOrder(traceOf([&] { ask(own_); }), {kCanAnswer, kRecord});
     expectOrder(traceOf([&] { ask(other_); }), {kCanAnswer, kRecord, host});

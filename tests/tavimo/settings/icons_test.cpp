@@ -2,16 +2,17 @@
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "phone/objc/class_definition.h"
 #include "phone/objc/hooking.h"
 #include "phone/uikit/ui_application.h"
-#include "phone/uikit/ui_image.h"
 #include "phone/uikit/ui_view.h"
 #include "platform/uikit/ui_color.h"
 #include "platform/uikit/ui_screen.h"
 #include "platform/uikit/ui_window.h"
 #include "tests/tavimo/support/lock_screen.h"
+#include "tests/tavimo/support/pixels.h"
 
 namespace phone {
 namespace {
@@ -19,14 +20,6 @@ namespace {
 constexpr const char* kCalendarIcon = "/Applications/MobileCal.app/icon-about@2x.png";
 constexpr std::uint32_t kRed = 0xFFFF0000;
 constexpr std::uint32_t kClear = 0;
-
-std::uint32_t pixel(UIImage* image, int x, int y) {
-  cairo_surface_t* const surface = surfaceOf(image).get();
-  cairo_surface_flush(surface);
-  const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface);
-  const unsigned char* const row = cairo_image_surface_get_data(surface) + y * stride;
-  return reinterpret_cast<const std::uint32_t*>(row)[x];
-}
 
 Surface redSquare(int side) {
   Surface surface = makeSurface(side, side);
@@ -48,7 +41,7 @@ void expectPixels(UIImage* image, int side,
       const auto color = expected(x + 0.5, y + 0.5);
       if (!color) continue;
       ++checked;
-      ASSERT_EQ(pixel(image, x, y), *color) << x << ", " << y;
+      ASSERT_EQ(pixelAt(image, x, y), *color) << x << ", " << y;
     }
   }
   EXPECT_GT(checked, side * side * 3 / 4);
@@ -75,7 +68,7 @@ TEST(Images, DotIsADiscWithABlackRing) {
       return std::nullopt;
     });
     // Straight above the middle the ring fills a row of pixels.
-    const std::uint32_t ring = pixel(dot.get(), 40, static_cast<int>(40 - radius - 1));
+    const std::uint32_t ring = pixelAt(dot.get(), 40, static_cast<int>(40 - radius - 1));
     EXPECT_GE(ring >> 24, 0xF0U);
     EXPECT_LT(ring & 0xFFFFFF, 0x200000U);
   }
@@ -101,7 +94,8 @@ TEST(Images, RoundedCopyIsCutWithTheSquareOfTheRadius) {
   });
 }
 
-CGFloat scaleOfAnother(UIScreen*, SEL) { return 3; }
+CGFloat anotherScale = 3;
+CGFloat scaleOfAnother(UIScreen*, SEL) { return anotherScale; }
 UIScreen* anotherScreen(UIWindow*, SEL) {
   static UIScreen* const screen = objc::make<UIScreen, "AnotherScreen">().relinquish();
   return screen;
@@ -118,6 +112,10 @@ TEST(Images, RoundedCopyHasTheScaleOfTheWindowsScreen) {
   objc::Displaced<UIScreen*(UIWindow*, SEL)> displaced;
   hookMethod(objc::classNamed<"UIWindow">(), "screen", anotherScreen, displaced);
   EXPECT_EQ(rounded(image.get(), 3)->scale(), 3);
+  for (const CGFloat none : {CGFloat{0}, CGFloat{-1}, std::numeric_limits<CGFloat>::quiet_NaN()}) {
+    anotherScale = none;
+    EXPECT_EQ(rounded(image.get(), 3)->scale(), 1) << none;
+  }
 }
 
 TEST(Images, RadiusOfZeroGivesTheImageAndNoImageGivesNone) {
@@ -159,14 +157,14 @@ TEST_F(Icons, CalendarAppsIconIsRoundedAndOthersAreNot) {
     EXPECT_EQ(iconFile(), kCalendarIcon);
     ASSERT_NE(icon(), nullptr);
     EXPECT_EQ(icon()->size().width, 29);
-    EXPECT_EQ(pixel(icon(), 0, 0), kClear);
-    EXPECT_EQ(pixel(icon(), 29, 29), kRed);
+    EXPECT_EQ(pixelAt(icon(), 0, 0), kClear);
+    EXPECT_EQ(pixelAt(icon(), 29, 29), kRed);
   }
   loadPath(own());
   EXPECT_EQ(iconFile(), own());
   ASSERT_NE(icon(), nullptr);
   EXPECT_EQ(icon()->size().width, 20);
-  EXPECT_EQ(pixel(icon(), 0, 0), kRed);
+  EXPECT_EQ(pixelAt(icon(), 0, 0), kRed);
 }
 
 TEST_F(Icons, DotsAndNoIconKeepTheImageOfTheLoadBefore) {
