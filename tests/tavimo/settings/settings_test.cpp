@@ -95,6 +95,23 @@ std::string nested(int depth, const std::string& open, const std::string& close)
   return list;
 }
 
+TEST(Settings, NothingIsSetBeforeTheFirstReading) {
+  const LockScreen phone;
+  for (const char* const name : {"isEnabled", "debugMode", "compatibilityMode", "hideOnNowPlayingScreen",
+                                 "showSeparatorLines", "rightAlignedDate", "onlySelectedCalendars",
+                                 "displayLocation", "sameHeightRows", "titleColorSameAsCalendarColor"}) {
+    EXPECT_FALSE(flag(name)) << name;
+  }
+  for (const char* const name : {"wallpaperBlurMode", "swipeAction", "textSize", "subtitleTextSize",
+                                 "dateTextSize", "daysToDisplay", "maxEventsToDisplay", "sortPriority"}) {
+    EXPECT_EQ(number(name), 0) << name;
+  }
+  for (const char* const name :
+       {"customLaunchAppBundleID", "textColor", "subtitleTextColor", "dateTextColor", "iconFile", "icon"}) {
+    EXPECT_EQ(exported<NSObject*>(name), nullptr) << name;
+  }
+}
+
 TEST(Settings, FilesThatCannotBeReadGiveTheDefaultsAndOneMessage) {
   LockScreen phone;
   const Lines message{"TVM: unable to load preferences."};
@@ -104,8 +121,6 @@ TEST(Settings, FilesThatCannotBeReadGiveTheDefaultsAndOneMessage) {
     expectDefaults(what);
     EXPECT_EQ(loggedWith("unable to load preferences"), message) << what;
   };
-  EXPECT_FALSE(flag("isEnabled"));
-  EXPECT_EQ(number("wallpaperBlurMode"), 0);
   expectUnreadable("missing");
   const std::string good = propertyList("<dict>" + entry("enabled", "<false/>") + "</dict>");
   for (const std::string& bytes :
