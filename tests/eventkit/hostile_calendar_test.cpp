@@ -172,6 +172,16 @@ TEST_F(HostileCalendarTest, TheEarliestOfAllAreKeptAndTheRestIsSaid) {
   EXPECT_TRUE(ordinary.omissions.empty());
 }
 
+TEST_F(HostileCalendarTest, ASearchThatFoundNothingSaysThatItGaveUp) {
+  const std::string never =
+      "BEGIN:VEVENT\nUID:#\nDTSTART:20200101T000000Z\n"
+      "RRULE:FREQ=SECONDLY;INTERVAL=2;BYSECOND=1,3,5\nEND:VEVENT\n";
+  importCalendars(database(), {write("never.ics", calendarOf(repeated(2000, never)))});
+  const FoundOccurrences found = search("2024-06-10 00:00:00", "2024-06-12 00:00:00");
+  EXPECT_TRUE(found.occurrences.empty());
+  EXPECT_EQ(found.omissions.size(), 1u);
+}
+
 TEST_F(HostileCalendarTest, LongTitlesAreNotCopiedForEver) {
   const std::string title(300'000, 'x');
   importCalendars(
