@@ -1,6 +1,5 @@
 #include "phone/eventkit/day_filter.h"
 
-#include <algorithm>
 #include <bit>
 
 #include "phone/eventkit/ical_lists.h"
@@ -33,7 +32,7 @@ std::int64_t monthNumber(const Month& month) {
 
 DayFilter::DayFilter(const icalrecurrencetype& rule, Seconds wallStart)
     : frequency_(rule.freq),
-      interval_(std::max<std::int64_t>(rule.interval, 1)),
+      interval_(rule.interval),
       weekOffset_(floorModulo(ICAL_MONDAY_WEEKDAY - rule.week_start, kWeek)),
       startDay_(dayOf(wallStart)) {
   const cctz::civil_day start = kDayZero + startDay_;

@@ -61,7 +61,7 @@ RecurrenceWalk::RecurrenceWalk(const icalrecurrencetype& rule, Seconds wallStart
     : days_(rule, wallStart),
       start_(wallStart),
       unit_(unitOf(rule.freq)),
-      step_(unit_ * std::max<Seconds>(rule.interval, 1)),
+      step_(unit_ * rule.interval),
       times_(timesOf(rule, unit_, timeOfDay(wallStart))),
       offsets_(offsetsOf(rule, unit_, timeOfDay(wallStart))) {
   forEachValue(rule.by_set_pos, [this](short value) { positions_.push_back(value); });

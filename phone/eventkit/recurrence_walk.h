@@ -20,7 +20,7 @@ using UseStart = std::function<bool(Seconds)>;
 
 class RecurrenceWalk {
  public:
-  /// COUNT and UNTIL are not looked at.
+  /// COUNT and UNTIL are not looked at. INTERVAL is 1 at least, as libical gives it.
   RecurrenceWalk(const icalrecurrencetype& rule, Seconds wallStart);
 
   /// Hands on the occurrences that start within [from, to] (wall times), in order, until the budget is spent.

@@ -1,5 +1,7 @@
 // The load-time initialiser. It runs once, before the host calls anything, and looks only at the classes that
 // exist at that moment.
+#include <span>
+
 #include "platform/foundation/autorelease_pool.h"
 #include "tavimo/editor/event_orv_item.h"
 #include "tavimo/loader/hook_entry.h"
@@ -19,9 +21,10 @@ void installInHomeScreen() {
 void registerDetailItem() {
   Class const superclass = objc::classNamed<"EKEventDetailItem">();
   if (superclass == nullptr) return;
-  Class const item = objc_allocateClassPair(superclass, "EKEventDetailItemOrv", 0);
+  const std::span<const HookEntry> entries = detailItemEntries();
+  Class const item = objc_allocateClassPair(superclass, entries.front().className, 0);
   if (item == nullptr) return;
-  for (const HookEntry& entry : detailItemEntries()) install(entry, item);
+  for (const HookEntry& entry : entries) install(entry, item);
   objc_registerClassPair(item);
 }
 

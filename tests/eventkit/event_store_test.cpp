@@ -163,6 +163,13 @@ TEST_F(EventStoreTest, ASuccessClearsTheProblemOfAnEarlierChange) {
   EXPECT_EQ(calendarStoreProblem(), "") << "a search went well, too";
 }
 
+TEST_F(EventStoreTest, TheConnectionIsKeptFromUseToUse) {
+  // A temporary table is one connection's own.
+  sharedDatabaseForWriting().connection().execute("CREATE TEMP TABLE kept (value INTEGER)");
+  sharedDatabase()->connection().execute("INSERT INTO kept VALUES (1)");
+  sharedDatabaseForWriting().connection().execute("INSERT INTO kept VALUES (2)");
+}
+
 TEST_F(EventStoreTest, WhatAnotherProcessWritesIsSeen) {
   addCalendar("Work");
   {

@@ -97,14 +97,15 @@ TEST_F(HostileCalendarTest, FilesMadeToKeepAPhoneBusyDoNot) {
       {"many rules", events(1, repeated(20'000, everySecond)), kMaxOccurrencesOfRule},
       {"many rules that differ", events(1, repeated(20'000, "RRULE:FREQ=SECONDLY;UNTIL=20240611T0#Z\n")),
        kMaxOccurrencesOfRule},
-      // A hundred of them are followed, at noon of both days.
+      // A hundred of them are followed, at noon of both days, and then what is in none of them.
       {"many zones",
        repeated(120,
                 "BEGIN:VTIMEZONE\nTZID:Z#\nBEGIN:STANDARD\nDTSTART:19700101T000000\nTZOFFSETFROM:+0100\n"
                 "TZOFFSETTO:+0200\nEND:STANDARD\nEND:VTIMEZONE\n") +
            repeated(120,
-                    "BEGIN:VEVENT\nUID:#\nDTSTART;TZID=Z#:20200101T120000\nRRULE:FREQ=DAILY\nEND:VEVENT\n"),
-       200},
+                    "BEGIN:VEVENT\nUID:#\nDTSTART;TZID=Z#:20200101T120000\nRRULE:FREQ=DAILY\nEND:VEVENT\n") +
+           "BEGIN:VEVENT\nUID:last\nDTSTART:20200101T120000Z\nRRULE:FREQ=DAILY\nEND:VEVENT\n",
+       202},
       {"another calendar", events(2000, "RRULE:RSCALE=CHINESE;FREQ=YEARLY\n"), 0},
       {"sets of a year's seconds",
        events(500,
@@ -169,6 +170,16 @@ TEST_F(HostileCalendarTest, TheEarliestOfAllAreKeptAndTheRestIsSaid) {
   const FoundOccurrences ordinary = search("2024-06-10 00:00:00", "2024-06-11 00:00:00", {2});
   EXPECT_EQ(titles(ordinary), (std::map<std::string, std::size_t>{{"early", 1}, {"daily", 1}, {"late", 1}}));
   EXPECT_TRUE(ordinary.omissions.empty());
+}
+
+TEST_F(HostileCalendarTest, ASearchThatFoundNothingSaysThatItGaveUp) {
+  const std::string never =
+      "BEGIN:VEVENT\nUID:#\nDTSTART:20200101T000000Z\n"
+      "RRULE:FREQ=SECONDLY;INTERVAL=2;BYSECOND=1,3,5\nEND:VEVENT\n";
+  importCalendars(database(), {write("never.ics", calendarOf(repeated(2000, never)))});
+  const FoundOccurrences found = search("2024-06-10 00:00:00", "2024-06-12 00:00:00");
+  EXPECT_TRUE(found.occurrences.empty());
+  EXPECT_EQ(found.omissions.size(), 1u);
 }
 
 TEST_F(HostileCalendarTest, LongTitlesAreNotCopiedForEver) {

@@ -86,6 +86,26 @@ TEST_F(SeriesEditTest, TheWholeSeriesMovesFromItsFirstOccurrence) {
   EXPECT_EQ(all(), " 2/10moved 3/10moved 5/10moved 5/14own 7/10moved 8/10moved");
 }
 
+TEST_F(SeriesEditTest, ASeriesOfDaysCanBeMadeShorter) {
+  const auto file = root_ / "days.ics";
+  std::ofstream(file)
+      << "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:days\nDTSTART;TZID=Europe/Berlin:20240603T090000\n"
+         "DURATION:P2D\nRRULE:FREQ=WEEKLY;COUNT=2\nSUMMARY:days\nEND:VEVENT\nEND:VCALENDAR\n";
+  importCalendars(sharedDatabaseForWriting(), {file});
+  const auto lengthFrom = [this](int day) {
+    auto* const event =
+        static_cast<EKEvent*>(events(at(2024, 6, day), at(2024, 6, day + 1))->objectAtIndex(0));
+    return event->endDate()->timeIntervalSinceReferenceDate() -
+           event->startDate()->timeIntervalSinceReferenceDate();
+  };
+  EXPECT_EQ(lengthFrom(10), 2 * 86'400);
+  auto* const first = static_cast<EKEvent*>(events(at(2024, 6, 3), at(2024, 6, 4))->objectAtIndex(0));
+  objc::send<"setEndDate:">(first, date(at(2024, 6, 3, 8)));
+  ASSERT_TRUE(save(first, kFuture));
+  EXPECT_EQ(lengthFrom(3), 3600);
+  EXPECT_EQ(lengthFrom(10), 3600);
+}
+
 TEST_F(SeriesEditTest, TheRestOfASeriesBecomesASeriesOfItsOwn) {
   EKEvent* const fourth = occurrence(4);
   const std::string before = fourth->persistentEvent()->eventIdentifier()->UTF8String();

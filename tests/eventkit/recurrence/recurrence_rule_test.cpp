@@ -101,7 +101,9 @@ TEST(RecurrenceRuleTest, ACountBecomesAnEnd) {
     EXPECT_EQ(showTime(ended->lastStart()), rule.last) << rule.rule;
     EXPECT_EQ(ended->text().find("COUNT"), std::string::npos) << ended->text();
   }
-  for (const char* const rule : {"FREQ=SECONDLY;COUNT=20001", "FREQ=MONTHLY;COUNT=20000"}) {
+  EXPECT_NE(read("RSCALE=ETHIOPIC;FREQ=YEARLY;COUNT=100", "2024-03-01 10:00:00")->lastStart(), kEndless);
+  for (const char* const rule :
+       {"FREQ=SECONDLY;COUNT=20001", "FREQ=MONTHLY;COUNT=20000", "RSCALE=ETHIOPIC;FREQ=YEARLY;COUNT=101"}) {
     EXPECT_EQ(read(rule, "2024-03-01 10:00:00")->lastStart(), kEndless) << rule;
   }
 }
