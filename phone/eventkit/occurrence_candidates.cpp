@@ -17,8 +17,8 @@ constexpr std::int64_t kMaxSteps = 1'000'000;
 /// What a rule gets even then. It is enough for an ordinary one: one bad file must not hide the others.
 constexpr std::int64_t kStepsInAnyCase = 50;
 
-/// Finding out when the clocks of a zone change that a file defines takes milliseconds; of so many zones at
-/// most.
+/// Finding out when the clocks of a zone change that a file defines takes a tenth of a millisecond, and as
+/// much again for reading it; of so many zones at most.
 constexpr std::size_t kMaxDefinedZones = 100;
 
 /// The wall times that a clock in the zone can show during the range. Clocks go back by three hours at most.
