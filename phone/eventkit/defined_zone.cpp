@@ -29,14 +29,6 @@ std::optional<Value> valueOf(icalcomponent* component, icalproperty_kind kind,
   return property == nullptr ? std::nullopt : std::optional(read(property));
 }
 
-template <typename Use>
-void forEachProperty(icalcomponent* component, icalproperty_kind kind, Use use) {
-  for (icalproperty* property = icalcomponent_get_first_property(component, kind); property != nullptr;
-       property = icalcomponent_get_next_property(component, kind)) {
-    use(property);
-  }
-}
-
 }  // namespace
 
 DefinedZone::DefinedZone(icalcomponent* definition) {

@@ -1,4 +1,4 @@
-// Ownership and conversion for libical's C interface.
+// Ownership, conversion and iteration for libical's C interface.
 #pragma once
 
 #include <libical/ical.h>
@@ -17,6 +17,15 @@ struct IcalFree {
 using OwnedComponent = std::unique_ptr<icalcomponent, IcalFree>;
 using OwnedIterator = std::unique_ptr<icalrecur_iterator, IcalFree>;
 using OwnedIcalText = std::unique_ptr<char, IcalFree>;
+
+/// Uses the component's properties of that kind, borrowed, in order.
+template <typename Use>
+void forEachProperty(icalcomponent* component, icalproperty_kind kind, Use use) {
+  for (icalproperty* property = icalcomponent_get_first_property(component, kind); property != nullptr;
+       property = icalcomponent_get_next_property(component, kind)) {
+    use(property);
+  }
+}
 
 /// The wall time of libical's broken-down time; a date is its midnight.
 inline Seconds wallSeconds(const icaltimetype& time) {

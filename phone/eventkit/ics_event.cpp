@@ -93,10 +93,7 @@ class IcsEventReader {
 
   template <typename Use>
   void forEach(icalproperty_kind kind, Use use) const {
-    for (icalproperty* property = first(kind); property != nullptr;
-         property = icalcomponent_get_next_property(parsed_.get(), kind)) {
-      use(property);
-    }
+    forEachProperty(parsed_.get(), kind, use);
   }
 
   /// libical leaves a note in the place of each value that it cannot read.

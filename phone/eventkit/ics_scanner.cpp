@@ -46,7 +46,8 @@ std::size_t valueStart(std::string_view line, std::size_t nameEnd) {
   return position < line.size() ? position + 1 : std::string_view::npos;
 }
 
-/// A rule inside a zone is worked out for centuries; one for every second would never come to its end.
+/// A rule inside a zone is worked out for two centuries; one for every second would leave nothing for the
+/// others.
 bool isHarmlessZoneRule(const std::string& line) {
   return upperCase(line).find("FREQ=YEARLY") != std::string::npos;
 }

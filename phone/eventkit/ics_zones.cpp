@@ -13,14 +13,13 @@ void IcsZones::define(const IcsComponent& component) {
   if (zone == nullptr) return;
   std::string name;
   Definition definition{{}, component.text};
-  for (icalproperty* property = icalcomponent_get_first_property(zone.get(), ICAL_ANY_PROPERTY);
-       property != nullptr; property = icalcomponent_get_next_property(zone.get(), ICAL_ANY_PROPERTY)) {
+  forEachProperty(zone.get(), ICAL_ANY_PROPERTY, [&](icalproperty* property) {
     if (icalproperty_isa(property) == ICAL_TZID_PROPERTY) name = icalproperty_get_tzid(property);
     const char* const custom = icalproperty_get_x_name(property);
     if (custom != nullptr && std::string_view(custom) == "X-LIC-LOCATION") {
       definition.location = icalproperty_get_x(property);
     }
-  }
+  });
   if (name.empty()) return;
   // Events before the definition may have asked for the name in vain.
   resolved_.erase(name);

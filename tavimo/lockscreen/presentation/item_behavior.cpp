@@ -13,12 +13,9 @@ namespace {
 constexpr double kDotDiameter = 30.0;
 constexpr double kLargeDotDiameter = 50.0;
 
-/// While disabled, asking what an item can do only serves the debug message.
-bool asksItems() { return isEnabled || debugMode; }
-
 /// The list item's record when the item is the plug-in's own, else none. Both callers are methods of the list
 /// item class itself, so the record's identifier alone decides. Not every release's items can be asked for
-/// it.
+/// it; while disabled, that only serves the debug message.
 TAVIMO_OWN_WORK BBBulletin* ownRecord(SBAwayBulletinListItem* item) {
   if (!item->respondsToSelector(objc::selector<"activeBulletin">())) {
     logDebug<"%@ SBAwayBulletinListItem not responding to the required selector, ignoring">();
@@ -53,11 +50,11 @@ TAVIMO_OWN_WORK bool isOwnRow(NSIndexPath* indexPath) {
 }  // namespace
 
 UIImage* iconImage(SBAwayBulletinListItem* self, SEL selector) {
-  return asksItems() ? iconImageWhenAsking(self, selector) : iconImageDisplaced(self, selector);
+  return actsOrReports() ? iconImageWhenAsking(self, selector) : iconImageDisplaced(self, selector);
 }
 
 bool canBeClearedByNotificationCenter(SBAwayBulletinListItem* self, SEL selector) {
-  if (asksItems() && ownRecord(self) != nullptr) return false;
+  if (actsOrReports() && ownRecord(self) != nullptr) return false;
   return canBeClearedDisplaced(self, selector);
 }
 

@@ -55,8 +55,7 @@ id initWithFrame(SBLockScreenView* self, SEL selector, CGRect frame) {
 }
 
 void addLockContentUnderlay(SBLockScreenView* self, SEL selector, NSString* requester) {
-  // While disabled there is only a message to write, in debug mode.
-  if (isEnabled || debugMode) return addUnlessSuppressed(self, selector, requester);
+  if (actsOrReports()) return addUnlessSuppressed(self, selector, requester);
   addUnderlayDisplaced(self, selector, requester);
 }
 
