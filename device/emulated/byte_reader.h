@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <string_view>
 #include <type_traits>
 
 #include "device/emulated/library_file.h"
@@ -64,17 +65,23 @@ class ByteReader {
     return static_cast<std::int64_t>(value);
   }
 
-  /// A text that a zero byte ends.
-  std::string text() {
-    const auto rest = bytes_.subspan(position_);
+  /// A text that a zero byte ends. Borrowed: it lies in the file.
+  std::string_view text() {
+    const Bytes rest = bytes_.subspan(position_, std::min(bytes_.size() - position_, kMaxText));
     const auto zero = std::find(rest.begin(), rest.end(), std::byte{0});
-    if (zero == rest.end()) end();
+    if (zero == rest.end()) {
+      if (rest.size() < kMaxText) end();
+      throw BadLibrary(std::string(what_) + " holds a name that does not end");
+    }
     const auto length = static_cast<std::size_t>(zero - rest.begin());
     const Bytes characters = take(length + 1);
     return {reinterpret_cast<const char*>(characters.data()), length};
   }
 
  private:
+  /// Longer than any name; a file can claim that each of its names is the whole rest of it.
+  static constexpr std::size_t kMaxText = 4096;
+
   [[noreturn]] void end() const {
     throw BadLibrary(std::string(what_) + " runs past its end: the file is damaged");
   }

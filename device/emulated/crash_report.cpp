@@ -18,11 +18,17 @@ struct Frame {
   std::uintptr_t returnAddress;
 };
 
-/// The innermost address in the plug-in on the chain of calls; 0 when there is none.
+/// The call that a function returns behind; after a call that never returns there may be another function.
+std::uintptr_t callBefore(std::uintptr_t returnAddress) {
+  constexpr std::uintptr_t kInstruction = 4;
+  return returnAddress - kInstruction;
+}
+
+/// The innermost call in the plug-in on the chain of calls; 0 when there is none.
 std::uintptr_t innermostInPlugin(const Frame* frame) {
   constexpr int kMaxFrames = 200;
   for (int depth = 0; depth < kMaxFrames && frame != nullptr; ++depth) {
-    if (plugin->holds(frame->returnAddress)) return frame->returnAddress;
+    if (plugin->holds(frame->returnAddress)) return callBefore(frame->returnAddress);
     // The stack grows down; anything else is no chain of calls any more.
     if (frame->caller <= frame) return 0;
     frame = frame->caller;
@@ -60,7 +66,7 @@ void handleSignal(int signal, siginfo_t*, void* context) {
   std::uintptr_t place = machine.pc;
   // After a wild jump, or in a function of the host without a frame yet, the caller is still in the link
   // register.
-  if (!plugin->holds(place)) place = machine.regs[kLinkRegister];
+  if (!plugin->holds(place)) place = callBefore(machine.regs[kLinkRegister]);
   if (!plugin->holds(place))
     place = innermostInPlugin(reinterpret_cast<const Frame*>(machine.regs[kFramePointer]));
   report(describe(signal), place);

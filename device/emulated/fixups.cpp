@@ -10,7 +10,7 @@ constexpr std::uint8_t kOperationMask = 0xf0;
 constexpr std::uint8_t kImmediateMask = 0x0f;
 constexpr std::uint64_t kPointer = sizeof(std::uint64_t);
 /// Far more places than any plug-in fills; instructions can claim any number.
-constexpr std::uint64_t kMaxFixups = 1'000'000;
+constexpr std::uint64_t kMaxFixups = 100'000;
 
 [[noreturn]] void refuseInstruction(const char* what, std::uint8_t operation) {
   throw BadLibrary(std::string(what) + " has an unknown instruction " + std::to_string(operation >> 4));
@@ -227,7 +227,7 @@ std::uint64_t exportedAddress(const LibraryFile& library, const std::string& nam
     reader.skip(length);
     std::size_t child = 0;
     for (std::uint8_t children = reader.byte(); children > 0; --children) {
-      const std::string edge = reader.text();
+      const std::string_view edge = reader.text();
       const std::uint64_t node = reader.uleb();
       // A name only gets shorter, so a list that leads back into itself ends as well.
       if (!edge.empty() && rest.starts_with(edge)) {

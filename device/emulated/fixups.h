@@ -2,6 +2,8 @@
 // addresses of names that others offer. The file keeps them as instructions of a small machine.
 #pragma once
 
+#include <string_view>
+
 #include "device/emulated/library_file.h"
 
 namespace device {
@@ -9,7 +11,8 @@ namespace device {
 /// A place to be filled with a name's address.
 struct Binding {
   std::uint64_t place;
-  std::string name;
+  /// Borrowed from the file.
+  std::string_view name;
   /// The number of the library that has the name, from 1; others stand for no library in particular.
   std::int64_t library;
   std::int64_t addend;

@@ -12,7 +12,9 @@ constexpr std::size_t kPage = 4096;
 std::size_t wholePages(std::size_t size) { return (size + kPage - 1) / kPage * kPage; }
 
 /// Names in the file have an underscore in front, which names in the source have not.
-std::string sourceName(const std::string& name) { return name.starts_with('_') ? name.substr(1) : name; }
+std::string sourceName(std::string_view name) {
+  return std::string(name.substr(name.starts_with('_') ? 1 : 0));
+}
 
 }  // namespace
 
@@ -23,7 +25,7 @@ Image::Image(Bytes file, NameLookup lookUp) : library_(readLibrary(file)), symbo
     adjust();
     bind(lookUp);
     protect();
-  } catch (const BadLibrary&) {
+  } catch (...) {
     munmap(memory_, size_);
     throw;
   }

@@ -16,8 +16,11 @@ constexpr std::uint32_t kDynamicLibrary = 6;
 constexpr std::uint32_t kMaxFatSlices = 32;
 
 constexpr std::uint64_t kPage = 4096;
-/// Far more than any plug-in has; more would only be a way to use memory up.
+/// Far more than any plug-in has; more would only be a way to use memory and time up.
 constexpr std::uint64_t kMaxMemory = 256 << 20;
+constexpr std::size_t kMaxSegments = 16;
+constexpr std::size_t kMaxInitializers = 10'000;
+constexpr std::uint32_t kMaxSymbols = 1'000'000;
 constexpr int kLastMajorRelease = 9;
 
 enum Command : std::uint32_t {
@@ -215,6 +218,7 @@ class LibraryReader {
                                  .isReadable = (command.protection & kRead) != 0,
                                  .isWritable = (command.protection & kWrite) != 0,
                                  .isExecutable = (command.protection & kExecute) != 0});
+    if (library_.segments.size() > kMaxSegments) throw BadLibrary("it has more segments than any plug-in");
     if (library_.segments.back().isWritable && library_.segments.back().isExecutable) {
       throw BadLibrary("the segment " + name + " can be written and executed, which a phone forbids");
     }
@@ -229,7 +233,7 @@ class LibraryReader {
   void readLibraryName(ByteReader& commands, std::size_t start) {
     const auto offset = commands.read<std::uint32_t>();
     commands.moveTo(start + offset);
-    library_.libraries.push_back(commands.text());
+    library_.libraries.emplace_back(commands.text());
   }
 
   void readInstructions(ByteReader& commands) {
@@ -248,6 +252,7 @@ class LibraryReader {
   void readSymbolTable(ByteReader& commands) {
     const auto place = commands.read<std::array<std::uint32_t, 4>>();
     constexpr std::uint64_t kEntry = 16;
+    if (place[1] > kMaxSymbols) throw BadLibrary("it has more symbols than any plug-in");
     library_.symbols = part(bytes_, place[0], place[1] * kEntry, "the table of symbols");
     library_.symbolNames = part(bytes_, place[2], place[3], "the table of symbols' names");
   }
@@ -267,6 +272,9 @@ class LibraryReader {
     const Segment* const segment = library_.segmentAt(address, length);
     if (segment == nullptr || length % sizeof(std::uint64_t) != 0 || address % sizeof(std::uint64_t) != 0) {
       throw BadLibrary("its list of initialisers lies outside its memory");
+    }
+    if (length / sizeof(std::uint64_t) > kMaxInitializers - library_.initializers.size()) {
+      throw BadLibrary("it has more initialisers than any plug-in");
     }
     for (std::uint64_t at = 0; at < length; at += sizeof(std::uint64_t))
       library_.initializers.push_back(address + at);

@@ -6,6 +6,8 @@
 #include <dlfcn.h>
 
 #include "device/emulated/crash_report.h"
+#include "device/emulated/entry.h"
+#include "phone/objc/hooking.h"
 #include "platform/foundation/ns_string.h"
 #include "platform/objc/owned.h"
 
@@ -40,7 +42,8 @@ namespace {
 /// A list of variable arguments as the phone's compilers pass them: on the stack, eight bytes each.
 class StackArguments {
  public:
-  explicit StackArguments(void* first) {
+  explicit StackArguments([[maybe_unused]] void* first) {
+#if defined(__aarch64__)
     // The parts of a va_list for 64-bit ARM: no argument is left in a register, so all come from the stack.
     struct Parts {
       void* stack;
@@ -51,9 +54,10 @@ class StackArguments {
     } const parts{first, nullptr, nullptr, 0, 0};
     static_assert(sizeof(parts) == sizeof(list));
     std::memcpy(&list, &parts, sizeof(parts));
+#endif
   }
 
-  std::va_list list;
+  std::va_list list{};
 };
 
 }  // namespace
@@ -74,6 +78,17 @@ id bridged_format(Class, SEL, NSString* format, void* arguments) {
 /// GCC's header has it inline only.
 Class bridged_object_getClass(id object) { return object == nullptr ? nullptr : object->class_pointer; }
 
+void bridged_MSHookMessageEx(Class hostClass, SEL selector, IMP replacement, IMP* displaced) {
+  Method const method = phone::methodToDisplace(hostClass, selector);
+  IMP const entered =
+      method == nullptr ? replacement : enteredAsOnPhones(replacement, method_getTypeEncoding(method));
+  MSHookMessageEx(hostClass, selector, entered, displaced);
+}
+
+BOOL bridged_class_addMethod(Class target, SEL selector, IMP implementation, const char* encoding) {
+  return class_addMethod(target, selector, enteredAsOnPhones(implementation, encoding), encoding);
+}
+
 /// Names are looked up when the library is loaded, so its code never gets here.
 [[noreturn]] void bridged_binder() { reportAndEnd("the plug-in asked for a name to be looked up late"); }
 
@@ -90,6 +105,8 @@ void* hostAddress(const std::string& name) {
       Bridge{"objc_msgSend", reinterpret_cast<void*>(bridged_objc_msgSend)},
       Bridge{"objc_msgSendSuper", reinterpret_cast<void*>(bridged_objc_msgSendSuper)},
       Bridge{"object_getClass", reinterpret_cast<void*>(bridged_object_getClass)},
+      Bridge{"MSHookMessageEx", reinterpret_cast<void*>(bridged_MSHookMessageEx)},
+      Bridge{"class_addMethod", reinterpret_cast<void*>(bridged_class_addMethod)},
       Bridge{"NSLog", reinterpret_cast<void*>(bridged_NSLog)},
       Bridge{"__stack_chk_guard", &bridged_stack_guard},
       Bridge{"__stack_chk_fail", reinterpret_cast<void*>(bridged_broken_stack)},

@@ -22,8 +22,8 @@ constexpr std::uint8_t kKindMask = 0x0e;
 constexpr std::uint8_t kDefined = 0x0e;
 
 /// "__ZN6tavimo5countE..." as it stands in the source, without its arguments.
-std::string readable(const std::string& symbol) {
-  const std::string name = symbol.starts_with('_') ? symbol.substr(1) : symbol;
+std::string readable(std::string_view symbol) {
+  const std::string name(symbol.substr(symbol.starts_with('_') ? 1 : 0));
   int status = 0;
   const std::unique_ptr<char, void (*)(void*)> demangled(
       abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status), std::free);

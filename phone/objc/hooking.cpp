@@ -64,6 +64,12 @@ const char* describe(HookResult result) {
   return "unknown";
 }
 
+Method methodToDisplace(Class target, SEL selector) {
+  if (target == nullptr || selector == nullptr) return nullptr;
+  Method const own = ownMethod(target, selector);
+  return own != nullptr ? own : inheritedMethod(target, selector);
+}
+
 HookResult hookMethod(Class target, SEL selector, IMP replacement, IMP* displaced) {
   if (target == nullptr) return HookResult::kNoClass;
   if (selector == nullptr) return HookResult::kNoMethod;

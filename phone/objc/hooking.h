@@ -17,6 +17,10 @@ enum class HookResult {
 /// One line for people on what the result means.
 const char* describe(HookResult result);
 
+/// The method that hookMethod() displaces: the class's own or the nearest inherited one, or nil. Works on a
+/// class that is allocated but not yet registered.
+Method methodToDisplace(Class target, SEL selector);
+
 /// Replaces the method that `target` gives its instances (for class methods: pass the metaclass). The
 /// implementation that was in effect is at `*displaced` before the replacement is reachable; `displaced` may
 /// be none, and is left alone when nothing is done. Hooking twice chains: the second replacement displaces

@@ -55,8 +55,11 @@ bool isForPhones(const std::array<unsigned char, 4>& start) {
   return std::find(kMagics.begin(), kMagics.end(), start) != kMagics.end();
 }
 
-/// The system's loader maps what the program headers say, whether the file reaches that far or not.
+/// The system's loader maps what the program headers say, whether the file reaches that far or not. The
+/// section headers, which it needs for nothing, come last in a file.
 bool isCutOff(std::ifstream& stream, const Elf64_Ehdr& header, std::uint64_t size) {
+  if (header.e_shoff > size || std::uint64_t{header.e_shnum} * header.e_shentsize > size - header.e_shoff)
+    return true;
   for (unsigned i = 0; i < header.e_phnum; ++i) {
     Elf64_Phdr part{};
     if (!read(stream, header.e_phoff + std::uint64_t{i} * sizeof(part), part)) return true;

@@ -83,6 +83,17 @@ TEST(LibraryFile, WhatIsWrongIsNamed) {
        }},
       {"names to look up writes outside", [](auto& library) { library.binds = kName + "\x90"; }},
       {"names to look up runs past its end", [](auto& library) { library.binds = "\x40_name"; }},
+      {"names to look up holds a name that does not end",
+       [](auto& library) { library.binds = "\x40" + std::string(5000, 'n') + "\0"s; }},
+      {"more segments than any plug-in",
+       [](auto& library) {
+         for (std::uint64_t i = 3; i < 20; ++i)
+           library.segments.push_back({.name = "more", .address = i << 12});
+       }},
+      {"more initialisers than any plug-in",
+       [](auto& library) {
+         library.segments[2].size = library.initializersSize = 1 << 20, library.initializers = 0x2000;
+       }},
       {"names to look up has an unknown instruction 13", [](auto& library) { library.binds = "\xd0"; }},
       {"names to look up later writes outside",
        [](auto& library) { library.lazyBinds = "\x00"s + kName + "\x90"; }},
@@ -146,7 +157,7 @@ TEST(LibraryFile, TheLoadersInstructionsAreFollowed) {
             (std::vector<std::uint64_t>{0x1000, 0x1008, 0x1020, 0x1028, 0x1038, 0x1048, 0x1068, 0x1070}));
   std::string found;
   for (const Binding& binding : bindings(library)) {
-    found += std::to_string(binding.place - 0x1000) + " " + binding.name + " " +
+    found += std::to_string(binding.place - 0x1000) + " " + std::string(binding.name) + " " +
              std::to_string(binding.library) + " " + std::to_string(binding.addend) +
              (binding.isWeak ? " weak\n" : "\n");
   }
