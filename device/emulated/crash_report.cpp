@@ -56,23 +56,27 @@ const char* describe(int signal) {
   }
 }
 
+/// Where the plug-in was when the signal came, as far as the registers and the stack tell; 0 when it was not there.
+std::uintptr_t placeOf([[maybe_unused]] const void* context) {
+#if defined(__aarch64__)
+  const mcontext_t& machine = static_cast<const ucontext_t*>(context)->uc_mcontext;
+  constexpr int kFramePointer = 29;
+  constexpr int kLinkRegister = 30;
+  if (plugin->holds(machine.pc)) return machine.pc;
+  // After a wild jump, or in a function of the host without a frame yet, the caller is still in the link
+  // register.
+  const std::uintptr_t caller = callBefore(machine.regs[kLinkRegister]);
+  if (plugin->holds(caller)) return caller;
+  return innermostInPlugin(reinterpret_cast<const Frame*>(machine.regs[kFramePointer]));
+#else
+  return 0;
+#endif
+}
+
 void handleSignal(int signal, siginfo_t*, void* context) {
   // A fault in the report itself ends the process as it would have without one.
   std::signal(signal, SIG_DFL);
-#if defined(__aarch64__)
-  const mcontext_t& machine = static_cast<ucontext_t*>(context)->uc_mcontext;
-  constexpr int kFramePointer = 29;
-  constexpr int kLinkRegister = 30;
-  std::uintptr_t place = machine.pc;
-  // After a wild jump, or in a function of the host without a frame yet, the caller is still in the link
-  // register.
-  if (!plugin->holds(place)) place = callBefore(machine.regs[kLinkRegister]);
-  if (!plugin->holds(place))
-    place = innermostInPlugin(reinterpret_cast<const Frame*>(machine.regs[kFramePointer]));
-  report(describe(signal), place);
-#else
-  static_cast<void>(context);
-#endif
+  report(describe(signal), placeOf(context));
   std::raise(signal);
 }
 
@@ -81,7 +85,8 @@ void handleSignal(int signal, siginfo_t*, void* context) {
 void reportCrashesIn(const Image& image) {
   plugin = &image;
   // A plug-in that runs out of stack leaves none for the report.
-  static std::array<std::byte, 64 * 1024> ownStack;
+  constexpr std::size_t kSize = std::size_t{64} * 1024;
+  static std::array<std::byte, kSize> ownStack;
   const stack_t stack{.ss_sp = ownStack.data(), .ss_flags = 0, .ss_size = ownStack.size()};
   sigaltstack(&stack, nullptr);
   struct sigaction action {};

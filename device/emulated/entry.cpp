@@ -74,7 +74,7 @@ class CodeMemory {
   }
 
  private:
-  static constexpr std::size_t kSize = 64 * 1024;
+  static constexpr std::size_t kSize = std::size_t{64} * 1024;
   void* start_;
   std::size_t used_ = 0;
 };
