@@ -12,10 +12,6 @@
 #include "phone/objc/plugin.h"
 #include "phone/springboard/home_screen.h"
 #include "platform/foundation/autorelease_pool.h"
-#include "platform/foundation/literal.h"
-#include "platform/foundation/ns_mutable_array.h"
-#include "platform/foundation/ns_mutable_dictionary.h"
-#include "platform/foundation/ns_number.h"
 
 namespace {
 
@@ -95,12 +91,6 @@ void installStopwatches() {
   Timed<calendarStore, 3, id, id>::install("EKEventStore", "eventsMatchingPredicate:");
 }
 
-void writePreferences(NSObject* root, NSString* file) {
-  objc::send<"writeToFile:atomically:", bool>(
-      root, NSString::stringWithFormat("/var/mobile/Library/Preferences/org.quenmark.%@.plist"_ns, file),
-      true);
-}
-
 /// A calendar that comes into the database when it is first selected.
 class Calendar {
  public:
@@ -112,10 +102,7 @@ class Calendar {
   /// Makes the calendar the only one that is searched.
   void select() {
     if (identifier_.empty()) identifier_ = benchmarks::addCalendar(name_, inRange_, others_);
-    const AutoreleasePool pool;
-    NSMutableArray* const identifiers = NSMutableArray::array();
-    identifiers->addObject(NSString::stringWithUTF8String(identifier_.c_str()));
-    writePreferences(identifiers, "tavimo.calendars"_ns);
+    benchmarks::searchOnly(identifier_);
   }
 
  private:
@@ -184,9 +171,6 @@ int main(int argc, char** argv) {
   phone::loadPlugin(TAVIMO_LIBRARY);
   phone::hookMethod(static_cast<Class>(objc_getClass(kController)), "loadView", timedLoadView,
                     pluginLoadView);
-  NSMutableDictionary* const settings = NSMutableDictionary::dictionary();
-  settings->setObject(NSNumber::numberWithBool(false), "onlySelectedCalendars"_ns);
-  writePreferences(settings, "tavimoprefs"_ns);
 
   // Each calendar comes into the database when its turn comes: the first one is measured alone.
   const auto add = [&phone](const char* name, Calendar& calendar) {

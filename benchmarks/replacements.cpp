@@ -4,17 +4,18 @@
 
 #include "benchmarks/support/allocation_count.h"
 #include "benchmarks/support/bounds.h"
+#include "benchmarks/support/enabled_list.h"
 #include "benchmarks/support/plain_host.h"
 #include "phone/objc/plugin.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/foundation_version.h"
 #include "platform/foundation/literal.h"
-#include "platform/foundation/ns_mutable_array.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/springboard/sb_lock_screen_view.h"
 
 namespace {
 
+using benchmarks::EnabledList;
 using benchmarks::Measurements;
 using objc::Owned;
 
@@ -65,36 +66,6 @@ void measureCall(benchmark::State& state, const PassThrough& passThrough, bool r
   SEL const selector = sel_registerName(passThrough.selector);
   for (auto _ : state) passThrough.call(implementation, receiver.get(), selector);
 }
-
-/// A list on which the plug-in is enabled for the length of one benchmark.
-class EnabledList {
- public:
-  EnabledList(NSUInteger items, NSString* identifier)
-      : listItems_(objc::make<NSMutableArray, "NSMutableArray">()),
-        enabled_(*phone::pluginSymbol<bool>("isEnabled")) {
-    for (NSUInteger i = 0; i < items; ++i) listItems_->addObject(benchmarks::makeListItem(identifier).get());
-    controller_ = benchmarks::makeListController(listItems_.get());
-    row_ = benchmarks::makeRow(1);
-    objc::assignStrong(*phone::pluginSymbol<SBLockScreenNotificationListController*>(
-                           "sBLockScreenNotificationListController"),
-                       controller_.get());
-    *phone::pluginSymbol<NSInteger>("wallpaperBlurMode") = 1;
-    enabled_ = true;
-  }
-  ~EnabledList() { enabled_ = false; }
-  EnabledList(const EnabledList&) = delete;
-  EnabledList& operator=(const EnabledList&) = delete;
-
-  SBLockScreenNotificationListController* controller() { return controller_.get(); }
-  NSIndexPath* row() { return row_.get(); }
-
- private:
-  AutoreleasePool pool_;
-  Owned<NSMutableArray> listItems_;
-  Owned<SBLockScreenNotificationListController> controller_;
-  Owned<NSIndexPath> row_;
-  bool& enabled_;
-};
 
 constexpr NSUInteger kLongList = 1000;
 

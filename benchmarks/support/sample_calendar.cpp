@@ -2,12 +2,23 @@
 
 #include "phone/eventkit/event_table.h"
 #include "phone/foundation/phone_root.h"
+#include "platform/foundation/autorelease_pool.h"
+#include "platform/foundation/literal.h"
+#include "platform/foundation/ns_mutable_array.h"
+#include "platform/foundation/ns_mutable_dictionary.h"
+#include "platform/foundation/ns_number.h"
 
 namespace benchmarks {
 
 namespace {
 
 constexpr phone::Seconds kHour = 3600;
+
+void writePreferences(NSObject* root, NSString* file) {
+  objc::send<"writeToFile:atomically:", bool>(
+      root, NSString::stringWithFormat("/var/mobile/Library/Preferences/org.quenmark.%@.plist"_ns, file),
+      true);
+}
 
 }  // namespace
 
@@ -34,6 +45,16 @@ std::string addCalendar(const std::string& name, int inRange, int others) {
   }
   transaction.commit();
   return calendar.identifier;
+}
+
+void searchOnly(const std::string& calendar) {
+  const AutoreleasePool pool;
+  NSMutableDictionary* const settings = NSMutableDictionary::dictionary();
+  settings->setObject(NSNumber::numberWithBool(false), "onlySelectedCalendars"_ns);
+  writePreferences(settings, "tavimoprefs"_ns);
+  NSMutableArray* const identifiers = NSMutableArray::array();
+  identifiers->addObject(NSString::stringWithUTF8String(calendar.c_str()));
+  writePreferences(identifiers, "tavimo.calendars"_ns);
 }
 
 }  // namespace benchmarks

@@ -13,4 +13,7 @@ inline constexpr double kNow = 794'566'800;
 /// years before, four hours apart. Gives its identifier. Files go below the folder that hostOptions() names.
 std::string addCalendar(const std::string& name, int inRange, int others);
 
+/// Makes the calendar of that identifier the only one that the plug-in searches.
+void searchOnly(const std::string& calendar);
+
 }  // namespace benchmarks

@@ -56,7 +56,8 @@ const char* describe(int signal) {
   }
 }
 
-/// Where the plug-in was when the signal came, as far as the registers and the stack tell; 0 when it was not there.
+/// Where the plug-in was when the signal came, as far as the registers and the stack tell; 0 when it was not
+/// there.
 std::uintptr_t placeOf([[maybe_unused]] const void* context) {
 #if defined(__aarch64__)
   const mcontext_t& machine = static_cast<const ucontext_t*>(context)->uc_mcontext;

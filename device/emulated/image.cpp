@@ -37,7 +37,10 @@ void Image::reserve() {
   std::uint64_t end = 0;
   for (const Segment& segment : library_.segments) end = std::max(end, segment.address + segment.size);
   size_ = wholePages(end);
-  void* const memory = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  // The same place in every run where that is free, for instruction_count.c and for reports that can be
+  // compared.
+  void* const wanted = reinterpret_cast<void*>(0x1000000000);
+  void* const memory = mmap(wanted, size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (memory == MAP_FAILED) throw BadLibrary("there is not enough memory for it");
   memory_ = static_cast<std::byte*>(memory);
 }

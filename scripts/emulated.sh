@@ -1,0 +1,41 @@
+# The emulated phone, for the scripts that use it, which source this after lib.sh: where it lies, and how it is made.
+
+readonly emulated=build/emulated
+readonly emulated_root=$emulated/root
+readonly emulated_plugin=build/device/device/Tavimo.dylib
+
+# What the stand-in phone is built with and drawn with, for the phone's processor. These packages cannot be installed
+# beside this machine's own, so they are laid out in a folder; nothing of them is run but by qemu.
+readonly packages=(
+  libc6-dev libstdc++-12-dev libobjc-12-dev libgnustep-base-dev
+  libplist-dev libsqlite3-dev libical-dev libicu-dev libcctz-dev tzdata
+  libcairo2-dev libpango1.0-dev libfontconfig-dev libjpeg-dev libpng-dev libexif-dev
+  fonts-inter fonts-noto-core fonts-noto-color-emoji fonts-noto-cjk
+  libcli11-dev nlohmann-json3-dev libgtest-dev
+)
+
+# Lays the root out, once for all checkouts on this machine: it is the same for each.
+make_root() {
+  local -r kept=${XDG_CACHE_HOME:-$HOME/.cache}/tavimo-emulated
+  local list
+  list=$(IFS=, && echo "${packages[*]}")
+  if [[ $(cat "$kept/packages" 2>/dev/null) != "$list" ]]; then
+    echo "laying out the libraries for 64-bit ARM in $kept (about 800 MB, once)" >&2
+    rm -rf "$kept"
+    mkdir -p "$kept"
+    mmdebstrap --quiet --architectures=arm64 --variant=extract --include="$list" bookworm "$kept/root" >"$kept/log" 2>&1 ||
+      fail 1 "mmdebstrap could not lay them out; $kept/log has its words"
+    echo "$list" >"$kept/packages"
+  fi
+  ln --symbolic --force --no-dereference "$kept/root" "$emulated_root"
+}
+
+# prepare_emulated TARGET...: everything that has to be there, quietly when it is.
+prepare_emulated() {
+  scripts/setup device emulated
+  [[ -f $emulated_plugin ]] || scripts/package
+  mkdir -p "$emulated"
+  make_root
+  cmake --preset emulated >"$emulated/configure.log" 2>&1 || fail 1 "cmake failed; $emulated/configure.log has its words"
+  cmake --build --preset emulated --target "$@"
+}
