@@ -7,6 +7,7 @@
 #include "benchmarks/support/bounds.h"
 #include "benchmarks/support/sample_calendar.h"
 #include "benchmarks/support/scratch_folder.h"
+#include "contract/files.h"
 #include "phone/objc/plugin.h"
 #include "phone/springboard/home_screen.h"
 #include "platform/foundation/autorelease_pool.h"
@@ -57,9 +58,8 @@ void preparePhone() {
   NSMutableDictionary* const settings = NSMutableDictionary::dictionary();
   settings->setObject(NSNumber::numberWithInteger(0), "wallpaperBlurMode"_ns);
   settings->setObject("DOT"_ns, "iconFile"_ns);
-  settings->writeToFile("/var/mobile/Library/Preferences/org.quenmark.tavimoprefs.plist"_ns, true);
-  NSMutableDictionary::dictionary()->writeToFile(
-      "/private/var/mobile/Library/Preferences/com.apple.mobilecal.plist"_ns, true);
+  settings->writeToFile(constantText<contract::kSettingsFile>(), true);
+  NSMutableDictionary::dictionary()->writeToFile(constantText<contract::kCalendarAppPreferencesFile>(), true);
   benchmarks::addCalendar("work", kEvents, 0);
 }
 

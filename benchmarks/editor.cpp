@@ -8,6 +8,7 @@
 #include "benchmarks/support/child_process.h"
 #include "benchmarks/support/sample_calendar.h"
 #include "benchmarks/support/scratch_folder.h"
+#include "contract/files.h"
 #include "phone/calendarui/calendar_process.h"
 #include "phone/foundation/log_sink.h"
 #include "phone/objc/plugin.h"
@@ -25,7 +26,7 @@ using benchmarks::Measurements;
 constexpr int kHiddenEvents = 1000;
 constexpr const char* kMeasureStart = "--measure-start";
 
-NSString* hiddenEventsFile() { return "/var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist"_ns; }
+NSString* hiddenEventsFile() { return constantText<contract::kHiddenEventsFile>(); }
 
 void writeHiddenEvents() {
   const AutoreleasePool pool;

@@ -3,10 +3,12 @@
 // the plug-in's, nothing when it is switched off, and no more than it is told to show.
 #include <algorithm>
 
+#include "contract/files.h"
 #include "fuzz/support/sections.h"
 #include "fuzz/support/target.h"
 #include "phone/eventkit/import.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/phone_root.h"
 #include "phone/springboard/home_screen.h"
 #include "phone/uikit/image_file.h"
 #include "platform/foundation/literal.h"
@@ -25,15 +27,15 @@ namespace fs = std::filesystem;
 
 struct PreferenceFile {
   const char* part;
-  const char* name;
+  /// On the phone.
+  const char* path;
 };
 
-constexpr const char* kSettings = "org.quenmark.tavimoprefs.plist";
-constexpr PreferenceFile kFiles[] = {{"settings", kSettings},
-                                     {"sorting", "org.quenmark.tavimo.sorting.plist"},
-                                     {"calendars", "org.quenmark.tavimo.calendars.plist"},
-                                     {"events", "org.quenmark.tavimo.events.plist"},
-                                     {"calendar app", "com.apple.mobilecal.plist"}};
+constexpr PreferenceFile kFiles[] = {{"settings", contract::kSettingsFile},
+                                     {"sorting", contract::kOrderingFile},
+                                     {"calendars", contract::kCalendarSelectionFile},
+                                     {"events", contract::kHiddenEventsFile},
+                                     {"calendar app", contract::kCalendarAppPreferencesFile}};
 
 constexpr const char* kCalendars = R"(BEGIN:VCALENDAR
 VERSION:2.0
@@ -66,11 +68,11 @@ class PreferencesTarget : public Target {
       : home_(HomeScreen::boot(
             {.root = root_.path(), .release = "9.3", .now = utc(2014, 3, 7, 10), .timeZone = "Europe/Berlin"},
             pluginLibrary())) {
-    fs::create_directories(preferences());
+    fs::create_directories(pathOnThisMachine(contract::kSettingsFile).parent_path());
     const fs::path calendars = root_.path() / "calendars.ics";
     writeBytes(calendars, kCalendars);
     importCalendars(sharedDatabaseForWriting(), {calendars});
-    const fs::path icon = root_.path() / "Applications/MobileCal.app/icon-about@2x.png";
+    const fs::path icon = root_.path() / std::string_view(contract::kCalendarAppIcon).substr(1);
     fs::create_directories(icon.parent_path());
     writePng(makeSurface(58, 58), icon);
     home_.load();
@@ -81,7 +83,8 @@ class PreferencesTarget : public Target {
     const Sections input = sectionsOf(bytes);
     for (const PreferenceFile& file : kFiles) {
       const auto content = section(input, file.part);
-      content ? writeBytes(preferences() / file.name, *content) : void(fs::remove(preferences() / file.name));
+      const fs::path path = pathOnThisMachine(file.path);
+      content ? writeBytes(path, *content) : void(fs::remove(path));
     }
     home_.load();
     checkList();
@@ -90,8 +93,6 @@ class PreferencesTarget : public Target {
 
  private:
   static constexpr const char* kTitle = "Anna";
-
-  fs::path preferences() const { return root_.path() / "var/mobile/Library/Preferences"; }
 
   void checkList() {
     std::size_t hosts = 0;
@@ -112,8 +113,8 @@ class PreferencesTarget : public Target {
   }
 
   /// Whether the settings file switches the plug-in off beyond doubt, as read without the plug-in.
-  bool saysDisabled() const {
-    const fs::path file = preferences() / kSettings;
+  static bool saysDisabled() {
+    const fs::path file = pathOnThisMachine(contract::kSettingsFile);
     NSDictionary* const settings = NSDictionary::dictionaryWithContentsOfFile(text(file.string()));
     NSObject* const enabled = settings->objectForKey("enabled"_ns);
     return enabled != nullptr && enabled->isKindOfClass(objc::classNamed<"NSNumber">()) &&

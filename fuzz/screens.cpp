@@ -3,6 +3,7 @@
 // of the event on screen, and what the user did there changes that event's entry and no other.
 #include <set>
 
+#include "contract/files.h"
 #include "fuzz/support/sections.h"
 #include "fuzz/support/target.h"
 #include "phone/calendarui/calendar_process.h"
@@ -11,6 +12,7 @@
 #include "phone/eventkit/event_table.h"
 #include "phone/eventkit/identifiers.h"
 #include "phone/eventkit/store_connection.h"
+#include "phone/foundation/phone_root.h"
 #include "platform/eventkit/ek_event.h"
 #include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_dictionary.h"
@@ -59,9 +61,7 @@ class ScreensTarget : public Target {
   }
 
  private:
-  std::filesystem::path store() const {
-    return root_.path() / "var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist";
-  }
+  static std::filesystem::path store() { return pathOnThisMachine(contract::kHiddenEventsFile); }
 
   void addEvents(const std::vector<std::string>& uids) {
     CalendarDatabase& database = sharedDatabaseForWriting();

@@ -52,5 +52,5 @@ build_preset() {
 
 # source_files: every C++ file of the project, one a line.
 source_files() {
-  find platform tavimo phone device tests benchmarks fuzz -name '*.cpp' -o -name '*.h' | sort
+  find contract platform tavimo phone device tests benchmarks fuzz -name '*.cpp' -o -name '*.h' | sort
 }

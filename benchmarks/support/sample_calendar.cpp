@@ -1,5 +1,6 @@
 #include "benchmarks/support/sample_calendar.h"
 
+#include "contract/files.h"
 #include "phone/eventkit/event_table.h"
 #include "phone/foundation/phone_root.h"
 #include "platform/foundation/autorelease_pool.h"
@@ -13,12 +14,6 @@ namespace benchmarks {
 namespace {
 
 constexpr phone::Seconds kHour = 3600;
-
-void writePreferences(NSObject* root, NSString* file) {
-  objc::send<"writeToFile:atomically:", bool>(
-      root, NSString::stringWithFormat("/var/mobile/Library/Preferences/org.quenmark.%@.plist"_ns, file),
-      true);
-}
 
 }  // namespace
 
@@ -51,10 +46,10 @@ void searchOnly(const std::string& calendar) {
   const AutoreleasePool pool;
   NSMutableDictionary* const settings = NSMutableDictionary::dictionary();
   settings->setObject(NSNumber::numberWithBool(false), "onlySelectedCalendars"_ns);
-  writePreferences(settings, "tavimoprefs"_ns);
+  settings->writeToFile(constantText<contract::kSettingsFile>(), true);
   NSMutableArray* const identifiers = NSMutableArray::array();
   identifiers->addObject(NSString::stringWithUTF8String(calendar.c_str()));
-  writePreferences(identifiers, "tavimo.calendars"_ns);
+  identifiers->writeToFile(constantText<contract::kCalendarSelectionFile>(), true);
 }
 
 }  // namespace benchmarks

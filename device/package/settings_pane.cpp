@@ -9,12 +9,17 @@
 
 namespace {
 
-using phone::Choice;
-using phone::Setting;
-using phone::SettingKind;
+using contract::Choice;
+using contract::Setting;
+using contract::SettingKind;
 
-/// The name of the settings file, without its ending.
-constexpr std::string_view kDomain = "org.quenmark.tavimoprefs";
+/// The name of the settings file, without folder and ending.
+constexpr std::string_view kDomain = [] {
+  std::string_view name = contract::kSettingsFile;
+  name.remove_prefix(name.rfind('/') + 1);
+  name.remove_suffix(std::string_view(".plist").size());
+  return name;
+}();
 
 /// Writes a property list in XML, a line for each value.
 class PropertyListWriter {
@@ -85,13 +90,6 @@ std::string footerOf(const Setting& setting) {
   return isListed ? footer + "." : footer + ": " + phone::rangeOf(setting) + ".";
 }
 
-long numberOf(const Setting& setting, std::string_view name) {
-  for (const Choice& choice : setting.choices) {
-    if (choice.name == name) return choice.number;
-  }
-  return std::strtol(std::string(name).c_str(), nullptr, 10);
-}
-
 void writeChoices(PropertyListWriter& out, const Setting& setting) {
   out.text("detail", "PSListItemsController");
   out.key("validValues");
@@ -110,12 +108,12 @@ void writeKind(PropertyListWriter& out, const Setting& setting) {
     case SettingKind::kFlag:
       out.text("cell", "PSSwitchCell");
       out.key("default");
-      out.flag(setting.fallback == "on");
+      out.flag(setting.fallback != 0);
       break;
     case SettingKind::kChoice:
       out.text("cell", "PSLinkListCell");
       out.key("default");
-      out.number(numberOf(setting, setting.fallback));
+      out.number(setting.fallback);
       writeChoices(out, setting);
       break;
     case SettingKind::kNumber:
@@ -123,12 +121,12 @@ void writeKind(PropertyListWriter& out, const Setting& setting) {
       out.key("isNumeric");
       out.flag(true);
       out.key("default");
-      out.number(numberOf(setting, setting.fallback));
+      out.number(setting.fallback);
       break;
     case SettingKind::kText:
     case SettingKind::kIcon:
       out.text("cell", "PSEditTextCell");
-      out.text("default", setting.fallback);
+      out.text("default", setting.fallbackText);
   }
 }
 
@@ -156,7 +154,7 @@ void writePane(PropertyListWriter& out) {
   out.text("title", "Tavimo");
   out.key("items");
   out.open("array");
-  for (const Setting& setting : phone::settingsTable()) writeSetting(out, setting);
+  for (const Setting& setting : contract::kSettings) writeSetting(out, setting);
   out.close("array");
   out.close("dict");
 }

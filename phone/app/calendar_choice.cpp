@@ -17,10 +17,12 @@ NSString* deselectedKey() { return "LastDeselectedCalendars"_ns; }
 
 /// The files as the plug-in reads them: none for one that is missing or unreadable.
 struct ChoiceFiles {
-  NSDictionary* settings = NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kSettingsFile)));
-  NSDictionary* calendarApp =
-      NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(kCalendarAppPreferences)));
-  NSArray* selection = NSArray::arrayWithContentsOfFile(textObject(std::string(kCalendarSelectionFile)));
+  NSDictionary* settings =
+      NSDictionary::dictionaryWithContentsOfFile(textObject(std::string(contract::kSettingsFile)));
+  NSDictionary* calendarApp = NSDictionary::dictionaryWithContentsOfFile(
+      textObject(std::string(contract::kCalendarAppPreferencesFile)));
+  NSArray* selection =
+      NSArray::arrayWithContentsOfFile(textObject(std::string(contract::kCalendarSelectionFile)));
 };
 
 bool isOn(const char* setting, const ChoiceFiles& files) {
@@ -36,7 +38,7 @@ LockScreenSearch searchWith(const ChoiceFiles& files) {
         "it goes by the selection, and none can be read (\"phone calendars select\" makes one)";
   } else if (!search.bySelection && files.calendarApp == nullptr) {
     search.whyNothing = "it goes by the Calendar app, whose preferences are missing or unreadable (" +
-                        pathOnThisMachine(kCalendarAppPreferences).string() + ")";
+                        pathOnThisMachine(contract::kCalendarAppPreferencesFile).string() + ")";
   }
   return search;
 }
@@ -82,7 +84,7 @@ std::vector<CalendarChoice> calendarChoices() {
 }
 
 void setShown(const std::vector<std::string>& identifiers, bool shown) {
-  const auto preferences = readDictionary(kCalendarAppPreferences);
+  const auto preferences = readDictionary(contract::kCalendarAppPreferencesFile);
   NSMutableArray* list = deselectedIn(preferences.get());
   if (list == nullptr) list = NSMutableArray::array();
   for (const std::string& identifier : identifiers) {
@@ -91,13 +93,13 @@ void setShown(const std::vector<std::string>& identifiers, bool shown) {
     if (!shown) list->addObject(text);
   }
   preferences->setObject(list, deselectedKey());
-  writeFile(kCalendarAppPreferences, preferences.get());
+  writeFile(contract::kCalendarAppPreferencesFile, preferences.get());
 }
 
 void setSelected(const std::vector<std::string>& identifiers) {
   auto* const list = NSMutableArray::array();
   for (const std::string& identifier : identifiers) list->addObject(textObject(identifier));
-  writeFile(kCalendarSelectionFile, list);
+  writeFile(contract::kCalendarSelectionFile, list);
 }
 
 LockScreenSearch lockScreenSearch() { return searchWith(ChoiceFiles()); }

@@ -32,19 +32,20 @@ std::vector<NSString*> keysOf(NSDictionary* hiddenEvents, const std::vector<std:
 }  // namespace
 
 CalendarTraces::CalendarTraces()
-    : calendarApp_(readDictionary(kCalendarAppPreferences)),
-      selection_(readArray(kCalendarSelectionFile)),
-      hiddenEvents_(readDictionary(kHiddenEventsFile)) {}
+    : calendarApp_(readDictionary(contract::kCalendarAppPreferencesFile)),
+      selection_(readArray(contract::kCalendarSelectionFile)),
+      hiddenEvents_(readDictionary(contract::kHiddenEventsFile)) {}
 
 void CalendarTraces::forget(const std::vector<std::string>& identifiers) {
   NSMutableArray* const deselected = deselectedIn(calendarApp_.get());
   if (deselected != nullptr && removeTexts(deselected, identifiers)) {
-    writeFile(kCalendarAppPreferences, calendarApp_.get());
+    writeFile(contract::kCalendarAppPreferencesFile, calendarApp_.get());
   }
-  if (removeTexts(selection_.get(), identifiers)) writeFile(kCalendarSelectionFile, selection_.get());
+  if (removeTexts(selection_.get(), identifiers))
+    writeFile(contract::kCalendarSelectionFile, selection_.get());
   const std::vector<NSString*> keys = keysOf(hiddenEvents_.get(), identifiers);
   for (NSString* const key : keys) hiddenEvents_->removeObjectForKey(key);
-  if (!keys.empty()) writeFile(kHiddenEventsFile, hiddenEvents_.get());
+  if (!keys.empty()) writeFile(contract::kHiddenEventsFile, hiddenEvents_.get());
 }
 
 }  // namespace phone

@@ -106,7 +106,7 @@ class Completer {
 
   static Completion settingKeys() {
     Completion completion;
-    for (const Setting& setting : settingsTable()) {
+    for (const Setting& setting : contract::kSettings) {
       completion.candidates.push_back({std::string(setting.key), std::string(setting.meaning)});
     }
     return completion;
@@ -115,7 +115,7 @@ class Completer {
   /// Of the setting that was named before.
   Completion settingValues() const {
     if (arguments_.empty()) return {};
-    const auto settings = settingsTable();
+    const auto& settings = contract::kSettings;
     const auto setting = std::find_if(settings.begin(), settings.end(),
                                       [this](const Setting& each) { return each.key == arguments_.back(); });
     if (setting == settings.end()) return {};

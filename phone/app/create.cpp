@@ -36,7 +36,7 @@ void create(const fs::path& root) {
     fs::create_directories(pathOnThisMachine(folder));
   }
   // The Calendar app keeps its choices from its first start on; without the file no calendar counts as shown.
-  writeFile(kCalendarAppPreferences, NSMutableDictionary::dictionary());
+  writeFile(contract::kCalendarAppPreferencesFile, NSMutableDictionary::dictionary());
   made.finish({"Applications", "var"});
   std::cout << "made a phone in " << printable(root.string()) << "\n";
 }

@@ -1,5 +1,6 @@
 #include "phone/app/hidden_events.h"
 
+#include "contract/hidden_events.h"
 #include "phone/app/phone_files.h"
 #include "phone/eventkit/identifiers.h"
 
@@ -10,7 +11,7 @@ namespace {
 /// All occurrences of an event share what stands before the occurrence's start in its address.
 std::string keyOf(const std::string& calendarIdentifier, const std::string& uid) {
   const std::string address = externalAddress(calendarIdentifier, uid, 0);
-  return address.substr(0, address.find("?o="));
+  return address.substr(0, address.find(contract::kOccurrenceQuery));
 }
 
 }  // namespace
@@ -18,7 +19,7 @@ std::string keyOf(const std::string& calendarIdentifier, const std::string& uid)
 std::string hiddenKeyPrefix(const std::string& calendarIdentifier) { return keyOf(calendarIdentifier, ""); }
 
 HiddenEvents::HiddenEvents()
-    : store_(objc::Owned<NSDictionary>::retain(readDictionary(kHiddenEventsFile).get())) {}
+    : store_(objc::Owned<NSDictionary>::retain(readDictionary(contract::kHiddenEventsFile).get())) {}
 
 bool HiddenEvents::contains(const std::string& eventIdentifier) const {
   const auto name = parseEventIdentifier(eventIdentifier);

@@ -25,9 +25,10 @@ void requireChoiceKept(const std::string& eventIdentifier, bool shown) {
     const std::string reason = fileProblems().empty() ? error.what() : fileProblems().back();
     throw std::runtime_error("the choice may not have been kept: " + reason + kAdvice);
   }
-  const std::string reason = fileProblems().empty()
-                                 ? pathOnThisMachine(kHiddenEventsFile).string() + " could not be written"
-                                 : fileProblems().back();
+  const std::string reason =
+      fileProblems().empty()
+          ? pathOnThisMachine(contract::kHiddenEventsFile).string() + " could not be written"
+          : fileProblems().back();
   throw std::runtime_error("the choice was not kept: " + reason + kAdvice);
 }
 

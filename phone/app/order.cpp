@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 
+#include "contract/ordering.h"
 #include "phone/app/phone_files.h"
 #include "phone/app/verbs.h"
 #include "platform/foundation/literal.h"
@@ -11,19 +12,19 @@ namespace phone {
 
 namespace {
 
-constexpr const char* kEvents = "Orvessa";
-constexpr const char* kNotifications = "System Items";
+using contract::kEventGroup;
+using contract::kSystemGroup;
 
 void write(const std::vector<std::string>& groups) {
   auto* const list = NSMutableArray::array();
   for (const std::string& group : groups) list->addObject(textObject(group));
-  writeFile(kOrderingFile, list);
+  writeFile(contract::kOrderingFile, list);
 }
 
 /// What the plug-in makes of the list: it counts in years from now, the phone sorts by date.
 std::string effectOf(NSArray* groups) {
-  const NSUInteger notifications = groups->indexOfObject("System Items"_ns);
-  const NSUInteger events = groups->indexOfObject("Orvessa"_ns);
+  const NSUInteger notifications = groups->indexOfObject(constantText<kSystemGroup>());
+  const NSUInteger events = groups->indexOfObject(constantText<kEventGroup>());
   if (notifications == NSNotFound || events == NSNotFound)
     return "No order: every item stands at its own date.";
   if (events < notifications && events <= 10) return "The events come before the phone's own notifications.";
@@ -33,7 +34,7 @@ std::string effectOf(NSArray* groups) {
 }
 
 void show() {
-  const auto groups = readArray(kOrderingFile);
+  const auto groups = readArray(contract::kOrderingFile);
   for (NSUInteger i = 0; i < groups->count(); ++i) {
     NSString* const name = asText(groups->objectAtIndex(i));
     std::cout << i << "  " << (name == nullptr ? "(no text)" : utf8(name)) << "\n";
@@ -45,7 +46,7 @@ void addFixedOrder(CLI::App& order, const Invocation& invocation, const std::str
                    const std::string& description, const std::vector<std::string>& groups) {
   addVerb(order, name, description, "phone order " + name)->callback([&invocation, groups] {
     invocation.openPhone();
-    groups.empty() ? removeFile(kOrderingFile) : write(groups);
+    groups.empty() ? removeFile(contract::kOrderingFile) : write(groups);
   });
 }
 
@@ -60,14 +61,14 @@ void addOrderVerb(CLI::App& command, const Invocation& invocation) {
     invocation.openPhone();
     show();
   });
-  addFixedOrder(*order, invocation, "events-first", "The events first", {kEvents, kNotifications});
+  addFixedOrder(*order, invocation, "events-first", "The events first", {kEventGroup, kSystemGroup});
   addFixedOrder(*order, invocation, "notifications-first", "The phone's own notifications first",
-                {kNotifications, kEvents});
+                {kSystemGroup, kEventGroup});
   addFixedOrder(*order, invocation, "none", "Every item at its own date, as without an order", {});
   CLI::App* const set =
       addVerb(*order, "set",
-              std::string("Set the whole list; \"") + kEvents + "\" stands for the events, \"" +
-                  kNotifications + "\" for the phone's own notifications, others only take a place",
+              std::string("Set the whole list; \"") + kEventGroup + "\" stands for the events, \"" +
+                  kSystemGroup + "\" for the phone's own notifications, others only take a place",
               "phone order set Reminders Orvessa \"System Items\"");
   const auto groups = std::make_shared<std::vector<std::string>>();
   set->add_option("GROUP", *groups, "The groups' names, topmost first")->required();

@@ -4,24 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "contract/files.h"
 #include "platform/foundation/ns_mutable_array.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/foundation/ns_string.h"
 #include "platform/objc/owned.h"
 
 namespace phone {
-
-inline constexpr std::string_view kSettingsFile =
-    "/var/mobile/Library/Preferences/org.quenmark.tavimoprefs.plist";
-inline constexpr std::string_view kOrderingFile =
-    "/var/mobile/Library/Preferences/org.quenmark.tavimo.sorting.plist";
-inline constexpr std::string_view kCalendarSelectionFile =
-    "/var/mobile/Library/Preferences/org.quenmark.tavimo.calendars.plist";
-inline constexpr std::string_view kHiddenEventsFile =
-    "/var/mobile/Library/Preferences/org.quenmark.tavimo.events.plist";
-inline constexpr std::string_view kCalendarAppPreferences =
-    "/var/mobile/Library/Preferences/com.apple.mobilecal.plist";
-inline constexpr std::string_view kCalendarAppIcon = "/Applications/MobileCal.app/icon-about@2x.png";
 
 /// The file's dictionary or array, to be changed and written back; empty when there is no such file. Throws
 /// std::runtime_error when the file holds anything else: writing would lose it.

@@ -17,16 +17,18 @@ namespace phone {
 namespace {
 
 void listForPeople(NSDictionary* file, const TerminalStyle& style) {
-  for (const Setting& setting : settingsTable()) {
+  for (const Setting& setting : contract::kSettings) {
     const SettingValue value = settingValue(setting, file);
-    const std::string fallback = setting.fallback.empty() ? "nothing" : std::string(setting.fallback);
+    const std::string fallback = fallbackOf(setting);
     const std::string key(setting.key);
     constexpr std::size_t kKeyWidth = 24;
     std::cout << style.bold(key) << std::string(kKeyWidth - std::min(key.size(), kKeyWidth), ' ') << " "
               << (value.inEffect.empty() ? "(nothing)" : value.inEffect)
               << style.dim(value.set ? "" : "  (default)") << "\n"
               << "    " << setting.meaning << "\n"
-              << "    " << style.dim(typeOf(setting) + ": " + rangeOf(setting) + "; default: " + fallback)
+              << "    "
+              << style.dim(typeOf(setting) + ": " + rangeOf(setting) +
+                           "; default: " + (fallback.empty() ? "nothing" : fallback))
               << "\n";
     if (!value.strayContent.empty()) {
       std::cout << "    the file has: " << value.strayContent << "\n";
@@ -36,14 +38,14 @@ void listForPeople(NSDictionary* file, const TerminalStyle& style) {
 
 void listAsJson(NSDictionary* file) {
   nlohmann::ordered_json all = nlohmann::ordered_json::array();
-  for (const Setting& setting : settingsTable()) {
+  for (const Setting& setting : contract::kSettings) {
     const SettingValue value = settingValue(setting, file);
     all.push_back({{"key", setting.key},
                    {"value", value.inEffect},
                    {"isSet", value.set},
                    {"type", typeOf(setting)},
                    {"range", rangeOf(setting)},
-                   {"default", setting.fallback},
+                   {"default", fallbackOf(setting)},
                    {"meaning", setting.meaning}});
   }
   std::cout << printedJson(all);
@@ -60,18 +62,18 @@ void warnAboutMissingIcon(const Setting& setting, const std::string& value) {
 void set(const std::string& key, const std::string& typed) {
   const Setting& setting = settingNamed(key);
   NSObject* const value = settingObject(setting, typed);
-  const auto file = readDictionary(kSettingsFile);
+  const auto file = readDictionary(contract::kSettingsFile);
   file->setObject(value, textObject(key));
-  writeFile(kSettingsFile, file.get());
+  writeFile(contract::kSettingsFile, file.get());
   warnAboutMissingIcon(setting, typed);
 }
 
 void unset(const std::vector<std::string>& keys) {
-  const auto file = readDictionary(kSettingsFile);
+  const auto file = readDictionary(contract::kSettingsFile);
   const NSUInteger before = file->count();
   for (const std::string& key : keys)
     file->removeObjectForKey(textObject(std::string(settingNamed(key).key)));
-  if (file->count() != before) writeFile(kSettingsFile, file.get());
+  if (file->count() != before) writeFile(contract::kSettingsFile, file.get());
 }
 
 struct Arguments {
@@ -88,7 +90,7 @@ void addList(CLI::App& settings, const Invocation& invocation, const std::shared
   verb->add_flag("--json", arguments->json, "Print JSON: a list of objects, one for each setting");
   verb->callback([&invocation, arguments] {
     invocation.openPhone();
-    const auto file = readDictionary(kSettingsFile);
+    const auto file = readDictionary(contract::kSettingsFile);
     arguments->json ? listAsJson(file.get()) : listForPeople(file.get(), invocation.style());
   });
 }
@@ -100,7 +102,7 @@ void addGet(CLI::App& settings, const Invocation& invocation, const std::shared_
   verb->callback([&invocation, arguments] {
     invocation.openPhone();
     const Setting& setting = settingNamed(arguments->key);
-    std::cout << settingValue(setting, readDictionary(kSettingsFile).get()).inEffect << "\n";
+    std::cout << settingValue(setting, readDictionary(contract::kSettingsFile).get()).inEffect << "\n";
   });
 }
 
@@ -125,7 +127,7 @@ void addUnset(CLI::App& settings, const Invocation& invocation, const std::share
   verb->callback([&invocation, arguments] {
     if (arguments->all == !arguments->keys.empty()) throw WrongUse("name the settings, or give --all");
     invocation.openPhone();
-    arguments->all ? removeFile(kSettingsFile) : unset(arguments->keys);
+    arguments->all ? removeFile(contract::kSettingsFile) : unset(arguments->keys);
   });
 }
 

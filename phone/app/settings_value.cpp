@@ -41,22 +41,16 @@ NSObject* numberObject(const Setting& setting, const std::string& typed) {
   return NSNumber::numberWithInteger(*number);
 }
 
-const Choice* choiceOf(const Setting& setting, long number) {
-  const auto found = std::find_if(setting.choices.begin(), setting.choices.end(),
-                                  [number](const Choice& choice) { return choice.number == number; });
-  return found == setting.choices.end() ? nullptr : &*found;
-}
-
 NSObject* choiceObject(const Setting& setting, const std::string& typed) {
   for (const Choice& choice : setting.choices) {
     if (typed == choice.name) return NSNumber::numberWithInteger(choice.number);
   }
   const std::optional<long> number = wholeNumber(typed);
-  if (number && choiceOf(setting, *number) != nullptr) return NSNumber::numberWithInteger(*number);
+  if (number && contract::choiceOf(setting, *number) != nullptr) return NSNumber::numberWithInteger(*number);
   std::string reason = "is not among its choices";
   if (number) {
-    reason +=
-        ", the plug-in would take it for \"" + std::string(choiceOf(setting, setting.otherwise)->name) + "\"";
+    reason += ", the plug-in would take it for \"" +
+              std::string(contract::choiceOf(setting, setting.otherwise)->name) + "\"";
   }
   refuse(setting, typed, reason + ": " + rangeOf(setting));
 }
@@ -91,8 +85,9 @@ std::optional<std::string> readAsThePlugIn(const Setting& setting, NSObject* sto
       return std::to_string(static_cast<NSNumber*>(stored)->intValue());
     case SettingKind::kChoice: {
       if (!answers<"integerValue">(stored)) return std::nullopt;
-      const Choice* const choice = choiceOf(setting, static_cast<NSNumber*>(stored)->integerValue());
-      return std::string((choice != nullptr ? choice : choiceOf(setting, setting.otherwise))->name);
+      const Choice* const choice =
+          contract::choiceOf(setting, static_cast<NSNumber*>(stored)->integerValue());
+      return std::string((choice != nullptr ? choice : contract::choiceOf(setting, setting.otherwise))->name);
     }
     case SettingKind::kText:
     case SettingKind::kIcon:
@@ -110,7 +105,7 @@ bool isStray(const Setting& setting, NSObject* stored, const std::optional<std::
   const std::string content = utf8(stored->description());
   if (setting.kind == SettingKind::kChoice) {
     const std::optional<long> number = wholeNumber(content);
-    return !number || choiceOf(setting, *number) == nullptr;
+    return !number || contract::choiceOf(setting, *number) == nullptr;
   }
   if (setting.kind == SettingKind::kNumber) return content != *inEffect;
   return false;
@@ -137,7 +132,7 @@ NSObject* settingObject(const Setting& setting, const std::string& typed) {
 SettingValue settingValue(const Setting& setting, NSDictionary* file) {
   NSObject* const stored = file->objectForKey(textObject(std::string(setting.key)));
   const std::optional<std::string> inEffect = readAsThePlugIn(setting, stored);
-  return {.inEffect = inEffect.value_or(std::string(setting.fallback)),
+  return {.inEffect = inEffect.value_or(fallbackOf(setting)),
           .set = inEffect.has_value(),
           .strayContent = isStray(setting, stored, inEffect) ? utf8(stored->description()) : ""};
 }

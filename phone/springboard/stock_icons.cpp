@@ -6,6 +6,7 @@
 #include <functional>
 #include <stdexcept>
 
+#include "contract/files.h"
 #include "phone/springboard/springboard.h"
 #include "phone/uikit/type_face.h"
 #include "phone/uikit/ui_image.h"
@@ -131,7 +132,7 @@ UIImage* notificationIcon(const std::string& bundleID) {
 }
 
 void installStockIcons(const std::filesystem::path& root) {
-  const std::filesystem::path file = root / "Applications/MobileCal.app/icon-about@2x.png";
+  const std::filesystem::path file = root / std::string_view(contract::kCalendarAppIcon).substr(1);
   std::error_code error;
   std::filesystem::create_directories(file.parent_path(), error);
   if (error) throw std::runtime_error(file.parent_path().string() + ": " + error.message());

@@ -1,11 +1,12 @@
 #include "tavimo/events/calendar_selection.h"
 
+#include "contract/files.h"
 #include "platform/eventkit/ek_calendar.h"
+#include "platform/foundation/literal.h"
 #include "platform/foundation/ns_dictionary.h"
 #include "platform/foundation/ns_mutable_array.h"
 #include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
-#include "tavimo/settings/preference_files.h"
 
 namespace tavimo {
 
@@ -24,7 +25,8 @@ bool holdsIdentifier(NSArray* identifiers, NSString* identifier) {
 /// Every calendar that the user has not switched off in the Calendar app; none of them when that app's
 /// preferences cannot be read.
 void selectShownCalendars(EKEventStore* store, NSMutableArray* selection) {
-  NSDictionary* const preferences = NSDictionary::dictionaryWithContentsOfFile(calendarAppPreferencesFile());
+  NSDictionary* const preferences =
+      NSDictionary::dictionaryWithContentsOfFile(constantText<contract::kCalendarAppPreferencesFile>());
   if (preferences == nullptr) return;
   logDebug<"%@ got %lu items from calendar config file">(preferences->count());
   NSArray* const switchedOff = asArray(preferences->objectForKey("LastDeselectedCalendars"_ns));
@@ -59,7 +61,8 @@ NSArray* selectedCalendars(EKEventStore* store) {
     selectShownCalendars(store, selection);
     return selection;
   }
-  NSArray* const identifiers = NSArray::arrayWithContentsOfFile(calendarSelectionFile());
+  NSArray* const identifiers =
+      NSArray::arrayWithContentsOfFile(constantText<contract::kCalendarSelectionFile>());
   if (identifiers->count() == 0) {
     logAlways("%@ no enabled calendars found, not searching the DB!"_ns);
     return nullptr;

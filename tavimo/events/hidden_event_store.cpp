@@ -1,14 +1,17 @@
 #include "tavimo/events/hidden_event_store.h"
 
+#include "contract/files.h"
+#include "contract/hidden_events.h"
+#include "platform/foundation/literal.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
-#include "tavimo/settings/preference_files.h"
 
 namespace tavimo {
 
 namespace {
 
 NSMutableDictionary* loadEntries() {
-  NSMutableDictionary* const entries = NSMutableDictionary::dictionaryWithContentsOfFile(hiddenEventsFile());
+  NSMutableDictionary* const entries =
+      NSMutableDictionary::dictionaryWithContentsOfFile(constantText<contract::kHiddenEventsFile>());
   return entries == nullptr ? NSMutableDictionary::dictionary() : entries;
 }
 
@@ -17,7 +20,8 @@ NSMutableDictionary* loadEntries() {
 NSString* hiddenEventKey(NSString* urlText) {
   if (urlText == nullptr) return nullptr;
   // Compared unit by unit: otherwise a combining mark behind the "=" would hide the match.
-  const NSRange query = urlText->rangeOfString("?o="_ns, NSString::kLiteralSearch);
+  const NSRange query =
+      urlText->rangeOfString(constantText<contract::kOccurrenceQuery>(), NSString::kLiteralSearch);
   return query.location == NSNotFound ? urlText : urlText->substringToIndex(query.location);
 }
 
@@ -34,7 +38,7 @@ void setEventHidden(NSString* key, bool hidden) {
   } else {
     entries->removeObjectForKey(key);
   }
-  entries->writeToFile(hiddenEventsFile(), true);
+  entries->writeToFile(constantText<contract::kHiddenEventsFile>(), true);
 }
 
 }  // namespace tavimo

@@ -1,5 +1,6 @@
 #include "tavimo/lockscreen/color_tag.h"
 
+#include "contract/records.h"
 #include "platform/objc/owned.h"
 #include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/color_strings.h"
@@ -9,14 +10,14 @@ namespace tavimo {
 
 namespace {
 
-/// "TVM|" and a colour text of seven characters.
-constexpr NSUInteger kTagLength = 11;
+constexpr objc::FixedString kPrefix = contract::kColorTagPrefix;
+constexpr NSUInteger kTagLength = kPrefix.length() + contract::kColorTextLength;
 
 }  // namespace
 
 NSString* colorTag(UIColor* calendarColor) {
   const auto colorText = objc::Owned<NSString>::adopt(hexStringForColor(calendarColor));
-  return NSString::stringWithFormat("TVM|%@"_ns, colorText.get());
+  return NSString::stringWithFormat(constantText<kPrefix + objc::FixedString("%@")>(), colorText.get());
 }
 
 UIColor* taggedColor(BBBulletin* bulletin) {

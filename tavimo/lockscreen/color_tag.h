@@ -1,4 +1,4 @@
-// The colour tag: a record's message, "TVM|" followed by the colour text of the event's calendar. It carries
+// The colour tag: a record's message, a prefix and the colour text of the event's calendar. It carries
 // the colour from publishing to presentation; the cell never shows it.
 #pragma once
 

@@ -1,7 +1,9 @@
 #include "tavimo/lockscreen/list_items.h"
 
+#include <algorithm>
 #include <string_view>
 
+#include "contract/records.h"
 #include "platform/objc/class_name.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
 #include "tavimo/settings/checked_objects.h"
@@ -10,8 +12,12 @@ namespace tavimo {
 
 namespace {
 
-constexpr std::u16string_view kOwnPrefix = u"Tavimo";
-constexpr std::u16string_view kSiblingPrefix = u"Pellanor";
+constexpr std::string_view kOwnPrefix = contract::kOwnRecordPrefix;
+constexpr std::string_view kSiblingPrefix = contract::kSiblingRecordPrefix;
+
+bool startsWith(const char16_t* characters, std::string_view prefix) {
+  return std::equal(prefix.begin(), prefix.end(), characters);
+}
 
 }  // namespace
 
@@ -22,9 +28,9 @@ Publisher publisherOf(BBBulletin* bulletin) {
   const NSUInteger read = length < kSiblingPrefix.size() ? length : kSiblingPrefix.size();
   if (read < kOwnPrefix.size()) return Publisher::kOther;
   identifier->getCharacters(start, {0, read});
-  const std::u16string_view beginning(start, read);
-  if (beginning.starts_with(kOwnPrefix)) return Publisher::kOwn;
-  return beginning == kSiblingPrefix ? Publisher::kSibling : Publisher::kOther;
+  if (startsWith(start, kOwnPrefix)) return Publisher::kOwn;
+  const bool isSibling = read == kSiblingPrefix.size() && startsWith(start, kSiblingPrefix);
+  return isSibling ? Publisher::kSibling : Publisher::kOther;
 }
 
 SBAwayBulletinListItem* asBulletinListItem(NSObject* item) {

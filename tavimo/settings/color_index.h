@@ -5,9 +5,6 @@
 
 namespace tavimo {
 
-/// Stands for the colour of the event's calendar, where a title colour is chosen.
-inline constexpr NSInteger kCalendarColorIndex = 999;
-
 /// The colour of titles and subtitles with that number; white for a number without a colour (borrowed).
 UIColor* namedColorOfIndex(NSInteger index);
 

@@ -1,11 +1,13 @@
 #include "tavimo/settings/item_ordering.h"
 
+#include "contract/files.h"
+#include "contract/ordering.h"
+#include "platform/foundation/literal.h"
 #include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_calendar.h"
 #include "platform/foundation/ns_date_components.h"
 #include "platform/objc/owned.h"
 #include "tavimo/settings/log.h"
-#include "tavimo/settings/preference_files.h"
 
 namespace tavimo {
 
@@ -17,14 +19,16 @@ constexpr NSInteger kFirstDayOffset = 360;
 }  // namespace
 
 void readItemOrdering() {
-  const auto groups = objc::makeWith<NSArray, "NSArray", "initWithContentsOfFile:">(itemOrderingFile());
+  const auto groups =
+      objc::makeWith<NSArray, "NSArray", "initWithContentsOfFile:">(constantText<contract::kOrderingFile>());
   sortPriority = kNoOrdering;
-  const NSUInteger system = groups ? groups->indexOfObject("System Items"_ns) : NSNotFound;
+  const NSUInteger system =
+      groups ? groups->indexOfObject(constantText<contract::kSystemGroup>()) : NSNotFound;
   if (system == NSNotFound) {
     logAlways("%@ system sort priority not found, no custom sorting of items will be done!"_ns);
     return;
   }
-  const NSUInteger own = groups->indexOfObject("Orvessa"_ns);
+  const NSUInteger own = groups->indexOfObject(constantText<contract::kEventGroup>());
   if (own == NSNotFound) return;
   const auto position = static_cast<NSInteger>(own);
   sortPriority = own < system ? kYearsAtEnds - position : -kYearsAtEnds - position;

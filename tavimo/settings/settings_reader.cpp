@@ -1,16 +1,21 @@
 #include "tavimo/settings/settings_reader.h"
 
+#include <algorithm>
+
+#include "contract/settings.h"
+#include "platform/foundation/literal.h"
 #include "platform/foundation/ns_dictionary.h"
 #include "platform/foundation/ns_number.h"
 #include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/color_index.h"
 #include "tavimo/settings/image_utilities.h"
 #include "tavimo/settings/log.h"
-#include "tavimo/settings/preference_files.h"
 
 namespace tavimo {
 
 namespace {
+
+using contract::SettingKind;
 
 /// Roundness of the calendar app's icon; the corner's radius in points is its square.
 constexpr double kIconCornerRadius = 3.0;
@@ -22,42 +27,63 @@ NSNumber* convertible(NSDictionary* values, NSString* key) {
   return value->respondsToSelector(objc::selector<Conversion>()) ? static_cast<NSNumber*>(value) : nullptr;
 }
 
-bool readFlag(NSDictionary* values, NSString* key, bool fallback) {
-  NSNumber* const value = convertible<"boolValue">(values, key);
-  return value == nullptr ? fallback : value->boolValue();
+/// The row of the setting's table, which must be of that kind.
+template <objc::FixedString Key, contract::SettingKind Kind>
+consteval contract::Setting row() {
+  constexpr contract::Setting kRow = contract::setting(Key.c_str());
+  static_assert(kRow.kind == Kind);
+  return kRow;
 }
 
-NSInteger readSmallInteger(NSDictionary* values, NSString* key, int fallback) {
-  NSNumber* const value = convertible<"intValue">(values, key);
-  return value == nullptr ? fallback : value->intValue();
+template <objc::FixedString Key>
+bool readFlag(NSDictionary* values) {
+  NSNumber* const value = convertible<"boolValue">(values, constantText<Key>());
+  return value == nullptr ? row<Key, SettingKind::kFlag>().fallback != 0 : value->boolValue();
 }
 
-NSInteger readBlurMode(NSDictionary* values) {
-  NSNumber* const value = convertible<"integerValue">(values, "wallpaperBlurMode"_ns);
-  if (value == nullptr) return 2;
-  const NSInteger mode = value->integerValue();
-  return mode == 0 || mode == 1 ? mode : 2;
+template <objc::FixedString Key>
+NSInteger readNumber(NSDictionary* values) {
+  NSNumber* const value = convertible<"intValue">(values, constantText<Key>());
+  return value == nullptr ? row<Key, SettingKind::kNumber>().fallback : value->intValue();
 }
 
-NSInteger readSwipeAction(NSDictionary* values) {
-  NSNumber* const value = convertible<"integerValue">(values, "swipeAction"_ns);
-  if (value == nullptr) return 1;
-  const NSInteger action = value->integerValue();
-  return action >= 0 && action <= 3 ? action : 1;
+template <objc::FixedString Key>
+NSInteger readChoice(NSDictionary* values) {
+  constexpr contract::Setting kRow = row<Key, SettingKind::kChoice>();
+  NSNumber* const value = convertible<"integerValue">(values, constantText<Key>());
+  if (value == nullptr) return kRow.fallback;
+  const NSInteger number = value->integerValue();
+  return contract::choiceOf(kRow, number) != nullptr ? number : kRow.otherwise;
 }
 
-UIColor* readColor(NSDictionary* values, NSString* key, UIColor* fallback,
-                   UIColor* (*colorOfIndex)(NSInteger)) {
-  NSNumber* const value = convertible<"integerValue">(values, key);
-  return value == nullptr ? fallback : colorOfIndex(value->integerValue());
+/// The default is the plain colour of its number; a number in the file means what `colorOfIndex` makes of it.
+template <objc::FixedString Key>
+UIColor* readColor(NSDictionary* values, UIColor* (*colorOfIndex)(NSInteger)) {
+  NSNumber* const value = convertible<"integerValue">(values, constantText<Key>());
+  return value == nullptr ? namedColorOfIndex(row<Key, SettingKind::kChoice>().fallback)
+                          : colorOfIndex(value->integerValue());
+}
+
+template <objc::FixedString Key>
+constexpr auto kFallbackText = [] {
+  constexpr std::string_view kText = contract::setting(Key.c_str()).fallbackText;
+  objc::FixedString<kText.size() + 1> text;
+  std::copy(kText.begin(), kText.end(), text.characters);
+  return text;
+}();
+
+template <objc::FixedString Key>
+NSString* readText(NSDictionary* values) {
+  NSString* const value = asText(values->objectForKey(constantText<Key>()));
+  return value == nullptr ? constantText<kFallbackText<Key>>() : value;
 }
 
 /// Without the key, `titleColorSameAsCalendarColor` stays as it was; a value of any type, also one that is no
 /// colour, ends it.
 void readTitleColor(NSDictionary* values) {
   if (values->objectForKey("textColor"_ns) != nullptr) titleColorSameAsCalendarColor = false;
-  objc::assignStrong(textColor, readColor(values, "textColor"_ns, UIColor::whiteColor(), [](NSInteger index) {
-                       if (index == kCalendarColorIndex) titleColorSameAsCalendarColor = true;
+  objc::assignStrong(textColor, readColor<"textColor">(values, [](NSInteger index) {
+                       if (index == contract::kCalendarColor.number) titleColorSameAsCalendarColor = true;
                        return namedColorOfIndex(index);
                      }));
 }
@@ -67,9 +93,8 @@ objc::Owned<UIImage> loadImage(NSString* path) {
 }
 
 void readIcon(NSDictionary* values) {
-  NSString* const named = asText(values->objectForKey("iconFile"_ns));
-  objc::assignStrong(iconFile, named == nullptr ? calendarAppIconFile() : named);
-  if (iconFile->isEqualToString(calendarAppIconFile())) {
+  objc::assignStrong(iconFile, readText<"iconFile">(values));
+  if (iconFile->isEqualToString(constantText<contract::kCalendarAppIcon>())) {
     const objc::Owned<UIImage> image = loadImage(iconFile);
     objc::assignStrong(icon, roundedCopy(image.get(), kIconCornerRadius).get());
   } else if (!iconFile->isEqualToString("NONE"_ns) && !iconFile->isEqualToString("DOT"_ns) &&
@@ -81,33 +106,31 @@ void readIcon(NSDictionary* values) {
 }  // namespace
 
 void readSettings() {
-  const auto file = objc::makeWith<NSDictionary, "NSDictionary", "initWithContentsOfFile:">(settingsFile());
+  const auto file = objc::makeWith<NSDictionary, "NSDictionary", "initWithContentsOfFile:">(
+      constantText<contract::kSettingsFile>());
   NSDictionary* const values = file.get();
   if (values == nullptr) NSLog("TVM: unable to load preferences."_ns);
 
-  debugMode = readFlag(values, "debugMode"_ns, false);
-  isEnabled = readFlag(values, "enabled"_ns, true);
-  compatibilityMode = readFlag(values, "compatibilityMode"_ns, true);
-  hideOnNowPlayingScreen = readFlag(values, "hideOnNowPlayingScreen"_ns, true);
-  NSString* const bundleID = asText(values->objectForKey("customLaunchAppBundleID"_ns));
-  objc::assignStrong(customLaunchAppBundleID, bundleID == nullptr ? ""_ns : bundleID);
-  showSeparatorLines = readFlag(values, "showSeparatorLines"_ns, true);
-  rightAlignedDate = readFlag(values, "rightAlignedDate"_ns, false);
-  onlySelectedCalendars = readFlag(values, "onlySelectedCalendars"_ns, true);
-  displayLocation = readFlag(values, "displayLocation"_ns, false);
-  sameHeightRows = readFlag(values, "sameHeightRows"_ns, true);
-  wallpaperBlurMode = readBlurMode(values);
-  swipeAction = readSwipeAction(values);
+  debugMode = readFlag<"debugMode">(values);
+  isEnabled = readFlag<"enabled">(values);
+  compatibilityMode = readFlag<"compatibilityMode">(values);
+  hideOnNowPlayingScreen = readFlag<"hideOnNowPlayingScreen">(values);
+  objc::assignStrong(customLaunchAppBundleID, readText<"customLaunchAppBundleID">(values));
+  showSeparatorLines = readFlag<"showSeparatorLines">(values);
+  rightAlignedDate = readFlag<"rightAlignedDate">(values);
+  onlySelectedCalendars = readFlag<"onlySelectedCalendars">(values);
+  displayLocation = readFlag<"displayLocation">(values);
+  sameHeightRows = readFlag<"sameHeightRows">(values);
+  wallpaperBlurMode = readChoice<"wallpaperBlurMode">(values);
+  swipeAction = readChoice<"swipeAction">(values);
   readTitleColor(values);
-  textSize = readSmallInteger(values, "textSize"_ns, 14);
-  objc::assignStrong(subtitleTextColor,
-                     readColor(values, "subtitleTextColor"_ns, UIColor::grayColor(), namedColorOfIndex));
-  subtitleTextSize = readSmallInteger(values, "subtitleTextSize"_ns, 14);
-  objc::assignStrong(dateTextColor,
-                     readColor(values, "dateTextColor"_ns, UIColor::grayColor(), dateColorOfIndex));
-  dateTextSize = readSmallInteger(values, "dateTextSize"_ns, 14);
-  daysToDisplay = readSmallInteger(values, "daysToDisplay"_ns, 2);
-  maxEventsToDisplay = readSmallInteger(values, "maxEventsToDisplay"_ns, 0);
+  textSize = readNumber<"textSize">(values);
+  objc::assignStrong(subtitleTextColor, readColor<"subtitleTextColor">(values, namedColorOfIndex));
+  subtitleTextSize = readNumber<"subtitleTextSize">(values);
+  objc::assignStrong(dateTextColor, readColor<"dateTextColor">(values, dateColorOfIndex));
+  dateTextSize = readNumber<"dateTextSize">(values);
+  daysToDisplay = readNumber<"daysToDisplay">(values);
+  maxEventsToDisplay = readNumber<"maxEventsToDisplay">(values);
   readIcon(values);
 }
 

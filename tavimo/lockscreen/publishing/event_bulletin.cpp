@@ -1,5 +1,6 @@
 #include "tavimo/lockscreen/publishing/event_bulletin.h"
 
+#include "contract/records.h"
 #include "platform/eventkit/ek_calendar.h"
 #include "tavimo/lockscreen/color_tag.h"
 #include "tavimo/lockscreen/publishing/launch_action.h"
@@ -35,7 +36,9 @@ objc::Owned<BBBulletin> bulletinForEvent(EKEvent* event, NSUInteger position) {
   if (compatibilityMode) bulletin->setSection("com.apple.mobilecal"_ns);
   if (BBAction* const action = launchAction(event); action != nullptr) bulletin->setDefaultAction(action);
   if (sortPriority != kNoOrdering) setOrderingDates(bulletin.get(), position);
-  bulletin->setBulletinID(NSString::stringWithFormat("Tavimo %u"_ns, static_cast<unsigned>(position)));
+  bulletin->setBulletinID(NSString::stringWithFormat(
+      constantText<objc::FixedString(contract::kOwnRecordPrefix) + objc::FixedString(" %u")>(),
+      static_cast<unsigned>(position)));
   return bulletin;
 }
 
