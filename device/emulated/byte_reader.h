@@ -13,6 +13,14 @@ namespace device {
 
 static_assert(std::endian::native == std::endian::little);
 
+/// A name out of a file as it can stand in a line for people: anything can be in it.
+inline std::string printable(std::string_view name) {
+  std::string text(name);
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+  return text;
+}
+
 class ByteReader {
  public:
   /// `what` names the part for people.

@@ -3,6 +3,8 @@
 #include <cstring>
 #include <sys/mman.h>
 
+#include "device/emulated/byte_reader.h"
+
 namespace device {
 
 namespace {
@@ -67,7 +69,7 @@ void Image::bind(NameLookup lookUp) {
       const auto number = static_cast<std::size_t>(binding.library - 1);
       const std::string from =
           number < library_.libraries.size() ? library_.libraries[number] : "some library";
-      throw BadLibrary("it asks for " + sourceName(binding.name) + " of " + from +
+      throw BadLibrary("it asks for " + printable(sourceName(binding.name)) + " of " + from +
                        ", and nobody here offers that");
     }
     const std::uint64_t value = offered == nullptr ? 0

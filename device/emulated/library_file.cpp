@@ -64,7 +64,7 @@ constexpr std::uint32_t kSectionTypeMask = 0xff;
 constexpr std::uint32_t kInitializerPointers = 0x9;
 
 std::string textOf(const std::array<char, 16>& name) {
-  return {name.begin(), std::find(name.begin(), name.end(), '\0')};
+  return printable({name.begin(), std::find(name.begin(), name.end(), '\0')});
 }
 
 std::string processorName(std::uint32_t processor) {
@@ -233,7 +233,7 @@ class LibraryReader {
   void readLibraryName(ByteReader& commands, std::size_t start) {
     const auto offset = commands.read<std::uint32_t>();
     commands.moveTo(start + offset);
-    library_.libraries.emplace_back(commands.text());
+    library_.libraries.push_back(printable(commands.text()));
   }
 
   void readInstructions(ByteReader& commands) {

@@ -22,6 +22,7 @@ using Bytes = std::span<const std::byte>;
 
 /// A stretch of the library's memory. Addresses count from the library's own start.
 struct Segment {
+  /// For people.
   std::string name;
   std::uint64_t address;
   std::uint64_t size;
@@ -39,7 +40,7 @@ struct Segment {
 /// The library for 64-bit phones in a file; all of its parts point into the file's bytes.
 struct LibraryFile {
   std::vector<Segment> segments;
-  /// The names of the libraries that it is linked to; the first has number 1.
+  /// The names of the libraries that it is linked to, for people; the first has number 1.
   std::vector<std::string> libraries;
   /// Instructions for the loader: which addresses to adjust, which names to look up.
   Bytes rebases;

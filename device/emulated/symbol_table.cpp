@@ -27,7 +27,7 @@ std::string readable(std::string_view symbol) {
   int status = 0;
   const std::unique_ptr<char, void (*)(void*)> demangled(
       abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status), std::free);
-  return status == 0 ? demangled.get() : name;
+  return status == 0 ? demangled.get() : printable(name);
 }
 
 }  // namespace

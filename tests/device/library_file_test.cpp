@@ -52,6 +52,8 @@ TEST(LibraryFile, WhatIsWrongIsNamed) {
       {"it is for iOS 11 and later", [](auto& library) { library.minimumRelease = 0xb0000; }},
       {"it is encrypted", [](auto& library) { library.encryption = 1; }},
       {"load command 0x80000034", [](auto& library) { library.furtherCommand = 0x80000034; }},
+      {"__T?XT lies beyond the end",
+       [](auto& library) { library.segments[0].name = "__T\nXT", library.segments[0].offset = 1 << 20; }},
       {"it has no segments", [](auto& library) { library.segments.clear(), library.initializersSize = 0; }},
       {"the segments __TEXT and __DATA overlap", [](auto& library) { library.segments[1].address = 0; }},
       {"__TEXT lies beyond the end", [](auto& library) { library.segments[0].offset = 1 << 20; }},
