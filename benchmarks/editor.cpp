@@ -16,7 +16,7 @@
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
-#include "platform/objc/class_name.h"
+#include "platform/objc/class_of.h"
 #include "platform/uikit/ui_switch.h"
 
 namespace {

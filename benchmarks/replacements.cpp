@@ -90,7 +90,7 @@ void layOutCell(benchmark::State& state, NSString* identifier) {
 
 void measureHeight(benchmark::State& state, bool replaced) {
   EnabledList list(2, "com.example.mail"_ns);
-  const auto view = objc::make<SBLockScreenNotificationListView, "SBLockScreenNotificationListView">();
+  const auto view = objc::make<SBLockScreenNotificationListView>();
   IMP const implementation =
       replaced ? benchmarks::implementationOf("SBLockScreenNotificationListView",
                                               "tableView:heightForRowAtIndexPath:")

@@ -42,9 +42,23 @@ struct Setting {
   long otherwise = 0;
 };
 
-inline constexpr std::array<Choice, 3> kBlurModes{{{0, "always"}, {1, "not-for-events-alone"}, {2, "never"}}};
-inline constexpr std::array<Choice, 4> kSwipeActions{
-    {{0, "nothing"}, {1, "calendar"}, {2, "fantastical"}, {3, "app"}}};
+/// When the wallpaper is blurred behind the list.
+enum BlurMode : long { kBlurAlways = 0, kBlurNotForEventsAlone = 1, kBlurNever = 2 };
+inline constexpr std::array<Choice, 3> kBlurModes{
+    {{kBlurAlways, "always"}, {kBlurNotForEventsAlone, "not-for-events-alone"}, {kBlurNever, "never"}}};
+
+/// What a tap on an event opens.
+enum SwipeAction : long { kOpenNothing = 0, kOpenEvent = 1, kOpenDayInFantastical = 2, kOpenApplication = 3 };
+inline constexpr std::array<Choice, 4> kSwipeActions{{{kOpenNothing, "nothing"},
+                                                      {kOpenEvent, "calendar"},
+                                                      {kOpenDayInFantastical, "fantastical"},
+                                                      {kOpenApplication, "app"}}};
+
+/// What an icon can be other than an image file.
+inline constexpr char kNoIcon[] = "NONE";
+inline constexpr char kDotIcon[] = "DOT";
+inline constexpr char kLargeDotIcon[] = "DOT_LARGE";
+
 inline constexpr std::array<Choice, 10> kColors{{{0, "red"},
                                                  {1, "black"},
                                                  {2, "gray"},
@@ -116,8 +130,9 @@ inline constexpr std::array kSettings{
                  "lock screen"),
     detail::flag("displayLocation", false, "Show where the event takes place"),
     detail::flag("sameHeightRows", true, "Give all rows the same height"),
-    detail::choice("wallpaperBlurMode", 2, kBlurModes, 2, "When the wallpaper is blurred behind the list"),
-    detail::choice("swipeAction", 1, kSwipeActions, 1,
+    detail::choice("wallpaperBlurMode", kBlurNever, kBlurModes, kBlurNever,
+                   "When the wallpaper is blurred behind the list"),
+    detail::choice("swipeAction", kOpenEvent, kSwipeActions, kOpenEvent,
                    "What swiping an event opens: the event in the Calendar app, its day in Fantastical 2, an "
                    "application of one's own"),
     detail::choice("textColor", 3, kTitleColors, 3, "Colour of the title; \"calendar\" takes the calendar's"),

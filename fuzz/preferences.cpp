@@ -117,7 +117,7 @@ class PreferencesTarget : public Target {
     const fs::path file = pathOnThisMachine(contract::kSettingsFile);
     NSDictionary* const settings = NSDictionary::dictionaryWithContentsOfFile(text(file.string()));
     NSObject* const enabled = settings->objectForKey("enabled"_ns);
-    return enabled != nullptr && enabled->isKindOfClass(objc::classNamed<"NSNumber">()) &&
+    return enabled != nullptr && enabled->isKindOfClass(objc::classOf<NSNumber>()) &&
            !static_cast<NSNumber*>(enabled)->boolValue();
   }
 

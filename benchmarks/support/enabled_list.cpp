@@ -7,7 +7,7 @@ namespace benchmarks {
 
 EnabledList::EnabledList(NSUInteger items, NSString* identifier)
     : enabled_(*phone::pluginSymbol<bool>("isEnabled")) {
-  const auto listItems = objc::make<NSMutableArray, "NSMutableArray">();
+  const auto listItems = objc::make<NSMutableArray>();
   for (NSUInteger i = 0; i < items; ++i) listItems->addObject(makeListItem(identifier).get());
   controller_ = makeListController(listItems.get());
   row_ = makeRow(1);

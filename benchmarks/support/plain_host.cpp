@@ -48,10 +48,10 @@ struct LabelState {
 };
 
 struct CellState {
-  Owned<UILabel> primaryLabel = objc::make<UILabel, "UILabel">();
-  Owned<UILabel> subtitleLabel = objc::make<UILabel, "UILabel">();
-  Owned<UILabel> secondaryLabel = objc::make<UILabel, "UILabel">();
-  Owned<UILabel> relevanceDateLabel = objc::make<UILabel, "UILabel">();
+  Owned<UILabel> primaryLabel = objc::make<UILabel>();
+  Owned<UILabel> subtitleLabel = objc::make<UILabel>();
+  Owned<UILabel> secondaryLabel = objc::make<UILabel>();
+  Owned<UILabel> relevanceDateLabel = objc::make<UILabel>();
   Owned<UIView> superview;
   bool separatorHidden = false;
   bool separatorAtTop = false;
@@ -194,7 +194,7 @@ void registerPlainHost() {
                    method("_removeLockContentUnderlayWithRequester:", takeRequester)}},
   };
   for (const ClassDefinition& definition : definitions) phone::registerClass(definition);
-  class_addMethod(objc::classNamed<"NSString">(), objc::selector<"sizeWithFont:">(),
+  class_addMethod(objc::classOf<NSString>(), objc::selector<"sizeWithFont:">(),
                   reinterpret_cast<IMP>(fixedSize), objc::MethodEncoding<CGSize, UIFont*>::value.c_str());
 }
 
@@ -207,16 +207,15 @@ IMP implementationOf(const char* className, const char* selector) {
 }
 
 Owned<SBAwayBulletinListItem> makeListItem(NSString* identifier) {
-  const auto record = objc::make<BBBulletin, "BBBulletin">();
+  const auto record = objc::make<BBBulletin>();
   record->setBulletinID(identifier);
-  auto item = objc::make<SBAwayBulletinListItem, "SBAwayBulletinListItem">();
+  auto item = objc::make<SBAwayBulletinListItem>();
   stateOf<ListItemState>(item.get()).activeBulletin = record;
   return item;
 }
 
 Owned<SBLockScreenNotificationListController> makeListController(NSArray* items) {
-  auto controller =
-      objc::make<SBLockScreenNotificationListController, "SBLockScreenNotificationListController">();
+  auto controller = objc::make<SBLockScreenNotificationListController>();
   objc::writeIvar(controller.get(), "_listItems", items);
   return controller;
 }
@@ -228,9 +227,9 @@ Owned<NSIndexPath> makeRow(NSInteger row) {
 }
 
 Owned<SBLockScreenBulletinCell> makeCell(NSIndexPath* row) {
-  const auto table = objc::make<UITableView, "UITableView">();
+  const auto table = objc::make<UITableView>();
   stateOf<TableState>(table.get()).row = Owned<NSIndexPath>::retain(row);
-  auto cell = objc::make<SBLockScreenBulletinCell, "SBLockScreenBulletinCell">();
+  auto cell = objc::make<SBLockScreenBulletinCell>();
   auto& parts = stateOf<CellState>(cell.get());
   parts.superview = Owned<UIView>::retain(table.get());
   for (const auto& label :

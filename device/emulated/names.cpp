@@ -69,7 +69,7 @@ void bridged_log(NSString* format, void* arguments) { NSLogv(format, StackArgume
 id bridged_format(Class, SEL, NSString* format, void* arguments) {
   StackArguments list(arguments);
   using Initializer = id (*)(id, SEL, NSString*, std::va_list);
-  id const text = objc::sendToClass<"NSString", "alloc", id>();
+  id const text = objc::sendToClass<NSString, "alloc", id>();
   SEL const selector = objc::selector<"initWithFormat:arguments:">();
   const auto initialize = reinterpret_cast<Initializer>(objc_msg_lookup(text, selector));
   return objc::send<"autorelease", id>(initialize(text, selector, format, list.list));

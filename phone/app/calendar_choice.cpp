@@ -57,7 +57,7 @@ std::string colorText(std::uint32_t color) {
 
 NSMutableArray* deselectedIn(NSDictionary* preferences) {
   NSObject* const list = preferences->objectForKey(deselectedKey());
-  return list->isKindOfClass(objc::classNamed<"NSArray">()) ? static_cast<NSMutableArray*>(list) : nullptr;
+  return list->isKindOfClass(objc::classOf<NSArray>()) ? static_cast<NSMutableArray*>(list) : nullptr;
 }
 
 std::vector<CalendarRecord> storedCalendars() {

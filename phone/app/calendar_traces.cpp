@@ -20,7 +20,7 @@ std::vector<NSString*> keysOf(NSDictionary* hiddenEvents, const std::vector<std:
   std::vector<NSString*> keys;
   NSArray* const all = hiddenEvents->allKeys();
   for (NSUInteger i = 0; i < all->count(); ++i) {
-    NSString* const key = asText(all->objectAtIndex(i));
+    NSString* const key = objc::asKind<NSString>(all->objectAtIndex(i));
     if (key == nullptr) continue;
     for (const std::string& calendar : calendars) {
       if (utf8(key).starts_with(hiddenKeyPrefix(calendar))) keys.push_back(key);

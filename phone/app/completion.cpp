@@ -120,7 +120,8 @@ class Completer {
                                       [this](const Setting& each) { return each.key == arguments_.back(); });
     if (setting == settings.end()) return {};
     if (setting->kind == SettingKind::kFlag) return words({"on", "off"});
-    if (setting->kind == SettingKind::kIcon) return words({"NONE", "DOT", "DOT_LARGE"});
+    if (setting->kind == SettingKind::kIcon)
+      return words({contract::kNoIcon, contract::kDotIcon, contract::kLargeDotIcon});
     Completion completion;
     for (const Choice& choice : setting->choices)
       completion.candidates.push_back({std::string(choice.name), ""});

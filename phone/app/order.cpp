@@ -36,7 +36,7 @@ std::string effectOf(NSArray* groups) {
 void show() {
   const auto groups = readArray(contract::kOrderingFile);
   for (NSUInteger i = 0; i < groups->count(); ++i) {
-    NSString* const name = asText(groups->objectAtIndex(i));
+    NSString* const name = objc::asKind<NSString>(groups->objectAtIndex(i));
     std::cout << i << "  " << (name == nullptr ? "(no text)" : utf8(name)) << "\n";
   }
   std::cout << effectOf(groups.get()) << "\n";

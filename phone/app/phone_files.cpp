@@ -10,12 +10,12 @@ namespace phone {
 
 namespace {
 
-template <typename Container, objc::FixedString ClassName>
+template <typename Container>
 objc::Owned<Container> readContainer(std::string_view phoneFile, const char* kind) {
   const std::filesystem::path file = pathOnThisMachine(phoneFile);
-  if (!std::filesystem::exists(file)) return objc::make<Container, ClassName>();
+  if (!std::filesystem::exists(file)) return objc::make<Container>();
   objc::Owned<NSObject> content = readPropertyList(file, Containers::kMutable);
-  if (!content->isKindOfClass(objc::classNamed<ClassName>())) {
+  if (!content->isKindOfClass(objc::classOf<Container>())) {
     throw std::runtime_error(file.string() + ": its content is no " + kind +
                              "; it was left as it is, remove the file to start afresh");
   }
@@ -25,11 +25,11 @@ objc::Owned<Container> readContainer(std::string_view phoneFile, const char* kin
 }  // namespace
 
 objc::Owned<NSMutableDictionary> readDictionary(std::string_view phoneFile) {
-  return readContainer<NSMutableDictionary, "NSMutableDictionary">(phoneFile, "dictionary");
+  return readContainer<NSMutableDictionary>(phoneFile, "dictionary");
 }
 
 objc::Owned<NSMutableArray> readArray(std::string_view phoneFile) {
-  return readContainer<NSMutableArray, "NSMutableArray">(phoneFile, "list");
+  return readContainer<NSMutableArray>(phoneFile, "list");
 }
 
 void writeFile(std::string_view phoneFile, NSObject* content) {
@@ -58,10 +58,6 @@ NSString* textObject(const std::string& text) {
   NSString* const object = NSString::stringWithUTF8String(text.c_str());
   if (object == nullptr) throw WrongUse("\"" + text + "\" is no UTF-8 text");
   return object;
-}
-
-NSString* asText(NSObject* object) {
-  return object->isKindOfClass(objc::classNamed<"NSString">()) ? static_cast<NSString*>(object) : nullptr;
 }
 
 }  // namespace phone

@@ -27,7 +27,5 @@ void removeFile(std::string_view phoneFile);
 std::string utf8(NSString* text);
 /// The text as an object (borrowed). Throws WrongUse when it is no UTF-8.
 NSString* textObject(const std::string& text);
-/// The object as a text, or none when it is none.
-NSString* asText(NSObject* object);
 
 }  // namespace phone

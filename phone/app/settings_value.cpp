@@ -64,7 +64,8 @@ NSObject* identifierObject(const Setting& setting, const std::string& typed) {
 }
 
 NSObject* iconObject(const Setting& setting, const std::string& typed) {
-  const bool known = typed == "NONE" || typed == "DOT" || typed == "DOT_LARGE" || typed.starts_with('/');
+  const bool known = typed == contract::kNoIcon || typed == contract::kDotIcon ||
+                     typed == contract::kLargeDotIcon || typed.starts_with('/');
   if (!known) refuse(setting, typed, "is none of " + rangeOf(setting) + " (a name that begins with /)");
   return textObject(typed);
 }
@@ -93,7 +94,7 @@ std::optional<std::string> readAsThePlugIn(const Setting& setting, NSObject* sto
     case SettingKind::kIcon:
       break;
   }
-  NSString* const text = asText(stored);
+  NSString* const text = objc::asKind<NSString>(stored);
   if (text == nullptr) return std::nullopt;
   return utf8(text);
 }

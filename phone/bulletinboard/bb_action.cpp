@@ -16,13 +16,13 @@ struct ActionState {
 };
 
 BBAction* makeWithURL(Class, SEL, NSURL* url, id /*callback*/) {
-  auto action = objc::make<BBAction, "BBAction">();
+  auto action = objc::make<BBAction>();
   stateOf<ActionState>(action.get()).launchURL = objc::Owned<NSURL>::retain(url);
   return action.autorelease();
 }
 
 BBAction* makeWithBundleID(Class, SEL, NSString* bundleID, id /*callback*/) {
-  auto action = objc::make<BBAction, "BBAction">();
+  auto action = objc::make<BBAction>();
   stateOf<ActionState>(action.get()).launchBundleID = objc::Owned<NSString>::retain(bundleID);
   return action.autorelease();
 }

@@ -21,7 +21,7 @@ namespace phone {
 namespace {
 
 bool isEditor(UIViewController* controller) {
-  return controller->isKindOfClass(objc::classNamed<"EKEventEditor">());
+  return controller->isKindOfClass(objc::classOf<EKEventEditor>());
 }
 
 const ItemTable& rowsOf(UIViewController* controller) {
@@ -64,7 +64,7 @@ CalendarProcess CalendarProcess::boot(const HostOptions& options,
   return {};
 }
 
-CalendarProcess::CalendarProcess() : store_(objc::make<EKEventStore, "EKEventStore">()) {}
+CalendarProcess::CalendarProcess() : store_(objc::make<EKEventStore>()) {}
 
 CalendarProcess::~CalendarProcess() = default;
 

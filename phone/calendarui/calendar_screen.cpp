@@ -27,7 +27,7 @@ constexpr double kTextSize = 17;
 enum Alignment : NSInteger { kLeft = 0, kCenter = 1, kRight = 2 };
 
 UIColor* color(double red, double green, double blue) {
-  return objc::sendToClass<"UIColor", "colorWithRed:green:blue:alpha:", UIColor*>(red, green, blue, 1.0);
+  return objc::sendToClass<UIColor, "colorWithRed:green:blue:alpha:", UIColor*>(red, green, blue, 1.0);
 }
 UIColor* backdropColor() { return color(0.937, 0.937, 0.957); }
 UIColor* barColor() { return color(0.97, 0.97, 0.97); }
@@ -59,7 +59,7 @@ class Sheet {
     addText(bar.leftButton, {{kInset, kStatusHeight}, {kButtonWidth, kFieldHeight}}, tintColor(), kLeft);
     UILabel* const title = addText(bar.title, {{middle, kStatusHeight}, {width_ - 2 * middle, kFieldHeight}},
                                    textColor(), kCenter);
-    title->setFont(objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(kTextSize));
+    title->setFont(objc::sendToClass<UIFont, "boldSystemFontOfSize:", UIFont*>(kTextSize));
     addText(bar.rightButton, {{width_ - middle, kStatusHeight}, {kButtonWidth, kFieldHeight}}, tintColor(),
             kRight);
     bottom_ = kBarHeight;

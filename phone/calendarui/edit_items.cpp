@@ -52,7 +52,7 @@ UITableViewCell* dateCell(EKEventEditItem* self, SEL selector, NSUInteger index)
   UITableViewCell* const cell = DateItem::cellForSubitem(self, selector, index);
   if (cell == nullptr || index != 0) return cell;
   constexpr double kMargin = 15;
-  auto allDay = objc::make<UISwitch, "UISwitch">();
+  auto allDay = objc::make<UISwitch>();
   allDay->setOn(eventOf(self)->isAllDay());
   allDay->addTarget(self, objc::selector<"allDayChanged:">(), UISwitch::kValueChanged);
   const CGSize content = cell->contentView()->bounds().size;

@@ -31,8 +31,8 @@ ClassDefinition ekEventEditViewController() {
 
 objc::Owned<EKEventEditViewController> makeEditViewController(EKEvent* event, EKEventStore* store,
                                                               NSObject* delegate) {
-  auto frame = objc::make<EKEventEditViewController, "EKEventEditViewController">();
-  auto editor = objc::make<EKEventEditor, "EKEventEditor">();
+  auto frame = objc::make<EKEventEditViewController>();
+  auto editor = objc::make<EKEventEditor>();
   objc::send<"setCalendarItem:">(editor.get(), static_cast<EKCalendarItem*>(event));
   objc::send<"setStore:">(editor.get(), store);
   objc::send<"addChildViewController:">(frame.get(), static_cast<UIViewController*>(editor.get()));

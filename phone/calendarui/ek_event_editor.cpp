@@ -62,7 +62,7 @@ std::vector<std::vector<NSObject*>> visibleItems(EKEventEditor* editor) {
 }
 
 void viewWillAppear(EKEventEditor* self, SEL selector, bool animated) {
-  objc::sendSuper(objc::classNamed<"UIViewController">(), self, selector, animated);
+  objc::sendSuper(objc::classOf<UIViewController>(), self, selector, animated);
   reloadRows(self);
 }
 
@@ -84,10 +84,10 @@ bool carryOut(const EventEditorState& state, EditAction action, NSObject** failu
 }
 
 void showFailure(NSObject* failure) {
-  const auto alert = objc::makeWith<UIAlertView, "UIAlertView",
-                                    "initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:">(
-      "Cannot Change Event"_ns, objc::send<"localizedDescription", NSString*>(failure),
-      static_cast<NSObject*>(nullptr), "OK"_ns, static_cast<NSString*>(nullptr));
+  const auto alert =
+      objc::makeWith<UIAlertView, "initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:">(
+          "Cannot Change Event"_ns, objc::send<"localizedDescription", NSString*>(failure),
+          static_cast<NSObject*>(nullptr), "OK"_ns, static_cast<NSString*>(nullptr));
   alert->show();
 }
 

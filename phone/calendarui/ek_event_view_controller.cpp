@@ -32,7 +32,7 @@ NSArray* detailItems(EKEventViewController* self, SEL) {
 }
 
 void viewWillAppear(EKEventViewController* self, SEL selector, bool animated) {
-  objc::sendSuper(objc::classNamed<"UIViewController">(), self, selector, animated);
+  objc::sendSuper(objc::classOf<UIViewController>(), self, selector, animated);
   auto& state = stateOf<EventViewState>(self);
   if (!state.items) state.items = objc::Owned<NSArray>::retain(objc::send<"_items", NSArray*>(self));
   state.table.load(groupItems(state.items.get(), detailItemPlaces()));
@@ -66,7 +66,7 @@ ClassDefinition ekEventViewController() {
 }
 
 objc::Owned<EKEventViewController> makeEventViewController(EKEvent* event, EKEventStore* store) {
-  auto view = objc::make<EKEventViewController, "EKEventViewController">();
+  auto view = objc::make<EKEventViewController>();
   auto& state = stateOf<EventViewState>(view.get());
   state.event = objc::Owned<EKEvent>::retain(event);
   state.store = objc::Owned<EKEventStore>::retain(store);

@@ -37,7 +37,7 @@ RowLook lookOf(RowStyle style) {
 
 UITableViewCell* makeCell(const RowText& row) {
   constexpr NSInteger kValueAtTheRight = 1;
-  auto cell = objc::makeWith<UITableViewCell, "UITableViewCell", "initWithStyle:reuseIdentifier:">(
+  auto cell = objc::makeWith<UITableViewCell, "initWithStyle:reuseIdentifier:">(
       kValueAtTheRight, static_cast<NSString*>(nullptr));
   const RowLook look = lookOf(row.style);
   CGRect frame = cell->frame();

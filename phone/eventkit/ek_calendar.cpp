@@ -23,14 +23,14 @@ NSUInteger hash(EKCalendar* self, SEL) {
 
 /// Every search makes new objects; the same calendar is equal in all of them.
 bool isEqual(EKCalendar* self, SEL, NSObject* other) {
-  if (other == nullptr || !other->isKindOfClass(objc::classNamed<"EKCalendar">())) return false;
+  if (other == nullptr || !other->isKindOfClass(objc::classOf<EKCalendar>())) return false;
   return stateOf<CalendarState>(self).record.identifier == stateOf<CalendarState>(other).record.identifier;
 }
 
 }  // namespace
 
 objc::Owned<EKCalendar> makeCalendar(const CalendarRecord& record) {
-  auto calendar = objc::make<EKCalendar, "EKCalendar">();
+  auto calendar = objc::make<EKCalendar>();
   auto& state = stateOf<CalendarState>(calendar.get());
   state.record = record;
   state.identifier = makeString(record.identifier);

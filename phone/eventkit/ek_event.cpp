@@ -15,7 +15,7 @@ StoreLife::weak_type lifeOf(EKEventStore* store) {
 }
 
 EKEvent* eventWithEventStore(Class, SEL, EKEventStore* store) {
-  auto event = objc::make<EKEvent, "EKEvent">();
+  auto event = objc::make<EKEvent>();
   auto& item = stateOf<CalendarItemState>(event.get());
   item.store = lifeOf(store);
   item.title = objc::Owned<NSString>::retain(""_ns);
@@ -30,7 +30,7 @@ EKPersistentEvent* persistentEvent(EKEvent* self, SEL) {
   auto& event = stateOf<EventState>(self);
   NSString* const text = identifierOf(self);
   if (text != nullptr && !event.persistentEvent) {
-    event.persistentEvent = objc::make<EKPersistentEvent, "EKPersistentEvent">();
+    event.persistentEvent = objc::make<EKPersistentEvent>();
     stateOf<PersistentEventState>(event.persistentEvent.get()).identifier =
         objc::Owned<NSString>::retain(text);
   }
@@ -73,7 +73,7 @@ void showOccurrence(EKEvent* object, const EventOccurrence& occurrence, EKCalend
 void forgetOccurrence(EKEvent* event) { setStored(event, std::nullopt, {}); }
 
 objc::Owned<EKEvent> makeEvent(EKEventStore* store, const EventOccurrence& occurrence, EKCalendar* calendar) {
-  auto event = objc::make<EKEvent, "EKEvent">();
+  auto event = objc::make<EKEvent>();
   stateOf<CalendarItemState>(event.get()).store = lifeOf(store);
   showOccurrence(event.get(), occurrence, calendar);
   return event;

@@ -6,6 +6,10 @@
 
 #include "phone/foundation/property_list_guard.h"
 #include "phone/foundation/property_list_tree.h"
+#include "platform/foundation/ns_date.h"
+#include "platform/foundation/ns_dictionary.h"
+#include "platform/foundation/ns_mutable_array.h"
+#include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/foundation/ns_number.h"
 #include "platform/foundation/ns_string.h"
 
@@ -35,7 +39,7 @@ class ObjectList {
 Object text(std::string_view utf8) {
   constexpr unsigned int kUtf8 = 4;
   auto made = Object::adopt(objc::send<"initWithBytes:length:encoding:", NSObject*>(
-      objc::sendToClass<"NSString", "alloc", id>(), static_cast<const void*>(utf8.data()),
+      objc::sendToClass<NSString, "alloc", id>(), static_cast<const void*>(utf8.data()),
       NSUInteger{utf8.size()}, kUtf8));
   if (!made) throw std::runtime_error("a text is not UTF-8");
   return made;
@@ -71,7 +75,7 @@ Object date(plist_t node) {
   std::int32_t microseconds = 0;
   plist_get_date_val(node, &seconds, &microseconds);
   return Object::adopt(objc::send<"initWithTimeIntervalSinceReferenceDate:", NSObject*>(
-      objc::sendToClass<"NSDate", "alloc", id>(), seconds + microseconds / 1e6));
+      objc::sendToClass<NSDate, "alloc", id>(), seconds + microseconds / 1e6));
 }
 
 Object data(plist_t node) {
@@ -101,8 +105,8 @@ Object array(plist_t node, Containers containers, int depth) {
     if (item == nullptr) break;
     items.add(build(item, containers, depth + 1));
   }
-  id const made = containers == Containers::kMutable ? objc::sendToClass<"NSMutableArray", "alloc", id>()
-                                                     : objc::sendToClass<"NSArray", "alloc", id>();
+  id const made = containers == Containers::kMutable ? objc::sendToClass<NSMutableArray, "alloc", id>()
+                                                     : objc::sendToClass<NSArray, "alloc", id>();
   return Object::adopt(objc::send<"initWithObjects:count:", NSObject*>(made, items.data(), items.count()));
 }
 
@@ -119,8 +123,8 @@ Object dictionary(plist_t node, Containers containers, int depth) {
     keys.add(text(key));
     values.add(build(value, containers, depth + 1));
   }
-  id const made = containers == Containers::kMutable ? objc::sendToClass<"NSMutableDictionary", "alloc", id>()
-                                                     : objc::sendToClass<"NSDictionary", "alloc", id>();
+  id const made = containers == Containers::kMutable ? objc::sendToClass<NSMutableDictionary, "alloc", id>()
+                                                     : objc::sendToClass<NSDictionary, "alloc", id>();
   return Object::adopt(objc::send<"initWithObjects:forKeys:count:", NSObject*>(made, values.data(),
                                                                                keys.data(), keys.count()));
 }

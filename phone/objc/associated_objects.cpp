@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "phone/objc/hooking.h"
+#include "platform/foundation/ns_object.h"
 #include "platform/objc/owned.h"
 
 namespace phone {
@@ -57,7 +58,7 @@ void deallocWithAssociations(id self, SEL selector) {
 /// Processes without associated objects keep NSObject's own dealloc.
 void watchDealloc() {
   static const HookResult watched =
-      hookMethod(objc::classNamed<"NSObject">(), "dealloc", deallocWithAssociations, originalDealloc);
+      hookMethod(objc::classOf<NSObject>(), "dealloc", deallocWithAssociations, originalDealloc);
   static_cast<void>(watched);
 }
 

@@ -35,7 +35,7 @@ NSString* nowPlayingRequester() { return "OverlayContext-NowPlayingArtLockScreen
 CGRect screenBounds() { return {{0, 0}, {hostOptions().screenWidth, hostOptions().screenHeight}}; }
 
 objc::Owned<BBBulletin> ownRecord(const OwnNotification& notification, std::size_t number) {
-  auto bulletin = objc::make<BBBulletin, "BBBulletin">();
+  auto bulletin = objc::make<BBBulletin>();
   NSDate* const now = NSDate::date();
   bulletin->setBulletinID(text(notification.section + " " + std::to_string(number)));
   bulletin->setSection(text(notification.section));
@@ -68,8 +68,7 @@ HomeScreen HomeScreen::boot(const HostOptions& options, const std::filesystem::p
 HomeScreen::HomeScreen()
     : window_(makeView<UIWindow, "UIWindow">(screenBounds())),
       lockScreenView_(makeView<SBLockScreenView, "SBLockScreenView">(screenBounds())),
-      controller_(
-          objc::make<SBLockScreenNotificationListController, "SBLockScreenNotificationListController">()) {
+      controller_(objc::make<SBLockScreenNotificationListController>()) {
   window_->addSubview(lockScreenView_.get());
   objc::send<"makeKeyAndVisible">(window_.get());
   setLockScreenView(controller_.get(), lockScreenView_.get());
@@ -177,7 +176,7 @@ bool HomeScreen::askToWakeFor(const std::string& title) {
 void HomeScreen::showNowPlaying() {
   const AutoreleasePool pool;
   auto* const allocated =
-      objc::sendToClass<"SBLockScreenPluginOverlayContext", "alloc", SBLockScreenPluginOverlayContext*>();
+      objc::sendToClass<SBLockScreenPluginOverlayContext, "alloc", SBLockScreenPluginOverlayContext*>();
   overlay_ = objc::Owned<SBLockScreenPluginOverlayContext>::adopt(
       allocated->initWithPluginName("NowPlayingArtLockScreen"_ns, nullptr, nullptr));
   lockScreenView_->addLockContentUnderlay(nowPlayingRequester());
@@ -196,7 +195,7 @@ void HomeScreen::hideNowPlaying() {
 void HomeScreen::runFor(std::chrono::duration<double> time) {
   const AutoreleasePool pool;
   id const runLoop = objc::sendToClass<"NSRunLoop", "currentRunLoop", id>();
-  NSDate* const end = objc::sendToClass<"NSDate", "dateWithTimeIntervalSinceNow:", NSDate*>(time.count());
+  NSDate* const end = objc::sendToClass<NSDate, "dateWithTimeIntervalSinceNow:", NSDate*>(time.count());
   objc::send<"runUntilDate:">(runLoop, end);
   layOut();
 }

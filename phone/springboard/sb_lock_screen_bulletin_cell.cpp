@@ -62,8 +62,7 @@ objc::Owned<UILabel> makeLabel(Cell* cell, const LineStyle& style) {
 }
 
 Cell* initWithStyle(Cell* self, SEL selector, NSInteger style, NSString* reuseIdentifier) {
-  self =
-      objc::sendSuper<Cell*>(objc::classNamed<"UITableViewCell">(), self, selector, style, reuseIdentifier);
+  self = objc::sendSuper<Cell*>(objc::classOf<UITableViewCell>(), self, selector, style, reuseIdentifier);
   auto& cell = stateOfCell(self);
   cell.primaryLabel = makeLabel(self, kTitle);
   cell.relevanceDateLabel = makeLabel(self, kDate);
@@ -87,7 +86,7 @@ double placeLine(UILabel* label, double top, double mostWidth) {
 }
 
 void layoutSubviews(Cell* self, SEL selector) {
-  objc::sendSuper(objc::classNamed<"UITableViewCell">(), self, selector);
+  objc::sendSuper(objc::classOf<UITableViewCell>(), self, selector);
   const auto& cell = stateOfCell(self);
   const double width = self->contentBounds().size.width;
   const double mostWidth = std::max(width - kLeftEdge - kRightMargin, 0.0);

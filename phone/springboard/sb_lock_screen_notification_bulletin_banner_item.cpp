@@ -22,8 +22,7 @@ ClassDefinition sbLockScreenNotificationBulletinBannerItem() {
 }
 
 SBLockScreenNotificationBulletinBannerItem* bannerFor(SBAwayListItem* item) {
-  auto banner =
-      objc::make<SBLockScreenNotificationBulletinBannerItem, "SBLockScreenNotificationBulletinBannerItem">();
+  auto banner = objc::make<SBLockScreenNotificationBulletinBannerItem>();
   stateOf<BannerItemState>(banner.get()).bulletinListItem = objc::Owned<SBAwayListItem>::retain(item);
   return banner.autorelease();
 }

@@ -90,7 +90,7 @@ void takeOut(Controller* self, SBAwayListItem* item) {
 void addBulletin(Controller* self, NSObject* observer, BBBulletin* bulletin) {
   if (bulletin == nullptr) return;
   auto item = objc::Owned<SBAwayBulletinListItem>::adopt(
-      objc::sendToClass<"SBAwayBulletinListItem", "alloc", SBAwayBulletinListItem*>()->initWithBulletin(
+      objc::sendToClass<SBAwayBulletinListItem, "alloc", SBAwayBulletinListItem*>()->initWithBulletin(
           bulletin, observer));
   SBAwayListItem* const replaced = itemOf(self, bulletin);
   if (replaced != nullptr) takeOut(self, replaced);

@@ -32,7 +32,7 @@ SBAwayListItem* itemAt(ListView* self, NSIndexPath* indexPath) {
 }
 
 ListView* initWithFrame(ListView* self, SEL selector, CGRect frame) {
-  self = objc::sendSuper<ListView*>(objc::classNamed<"UIView">(), self, selector, frame);
+  self = objc::sendSuper<ListView*>(objc::classOf<UIView>(), self, selector, frame);
   objc::writeIvar(self, "_heightForListItemCache", NSMutableDictionary::dictionary());
   // Rows that are scrolled out fade away before clock and hint.
   constexpr CGFloat kEdgeFade = 10;
@@ -66,7 +66,7 @@ UITableViewCell* cellForRow(ListView* self, SEL, UITableView* table, NSIndexPath
   auto cell = objc::Owned<SBLockScreenBulletinCell>::retain(
       objc::send<"dequeueReusableCellWithIdentifier:", SBLockScreenBulletinCell*>(table, kind));
   if (!cell) {
-    id const allocated = objc::sendToClass<"SBLockScreenBulletinCell", "alloc", id>();
+    id const allocated = objc::sendToClass<SBLockScreenBulletinCell, "alloc", id>();
     cell = objc::Owned<SBLockScreenBulletinCell>::adopt(
         objc::send<"initWithStyle:reuseIdentifier:", SBLockScreenBulletinCell*>(allocated, NSInteger{0},
                                                                                 kind));

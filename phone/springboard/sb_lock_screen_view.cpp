@@ -57,7 +57,7 @@ objc::Owned<UILabel> makeLabel(LockView* self, CGRect frame, const LabelStyle& s
 }
 
 LockView* initWithFrame(LockView* self, SEL selector, CGRect frame) {
-  self = objc::sendSuper<LockView*>(objc::classNamed<"UIView">(), self, selector, frame);
+  self = objc::sendSuper<LockView*>(objc::classOf<UIView>(), self, selector, frame);
   const auto [width, height] = frame.size;
   auto& lockScreen = stateOfView(self);
   lockScreen.clock = makeLabel(self, {{0, 22}, {width, 92}}, {FontWeight::kThin, 78, 1});

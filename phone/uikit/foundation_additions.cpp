@@ -33,11 +33,11 @@ void add(Class target, const MethodDefinition& definition) {
 }  // namespace
 
 void addFoundationMethods() {
-  Class const indexPath = objc::classNamed<"NSIndexPath">();
+  Class const indexPath = objc::classOf<NSIndexPath>();
   add(object_getClass(objc::asObject(indexPath)), classMethod("indexPathForRow:inSection:", indexPathForRow));
   add(indexPath, method("section", section));
   add(indexPath, method("row", row));
-  add(objc::classNamed<"NSString">(), method("sizeWithFont:", sizeWithFont));
+  add(objc::classOf<NSString>(), method("sizeWithFont:", sizeWithFont));
 }
 
 }  // namespace phone

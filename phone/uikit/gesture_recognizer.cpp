@@ -3,6 +3,7 @@
 #include "phone/uikit/definitions.h"
 #include "phone/uikit/target_action.h"
 #include "phone/uikit/ui_view.h"
+#include "platform/uikit/ui_tap_gesture_recognizer.h"
 
 namespace phone {
 
@@ -27,7 +28,7 @@ void setView(NSObject* self, SEL, UIView* view) { stateOf<RecognizerState>(self)
 bool tapView(UIView* view) {
   bool wasRecognized = false;
   for (const auto& recognizer : std::vector(stateOf<ViewState>(view).gestureRecognizers)) {
-    if (!recognizer->isKindOfClass(objc::classNamed<"UITapGestureRecognizer">())) continue;
+    if (!recognizer->isKindOfClass(objc::classOf<UITapGestureRecognizer>())) continue;
     sendAction(stateOf<RecognizerState>(recognizer.get()).targetAction, recognizer.get());
     wasRecognized = true;
   }

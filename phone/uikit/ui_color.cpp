@@ -52,7 +52,7 @@ MethodDefinition namedColor(const char* selector) {
 CGColorRef getCGColor(UIColor* self, SEL) { return &stateOf<ColorState>(self).color; }
 
 bool isEqual(UIColor* self, SEL, NSObject* other) {
-  if (other == nullptr || !other->isKindOfClass(objc::classNamed<"UIColor">())) return false;
+  if (other == nullptr || !other->isKindOfClass(objc::classOf<UIColor>())) return false;
   return stateOf<ColorState>(self).color == stateOf<ColorState>(other).color;
 }
 
@@ -79,7 +79,7 @@ NSString* description(UIColor* self, SEL) {
 }  // namespace
 
 objc::Owned<UIColor> makeColor(const CGColor& color) {
-  auto made = objc::make<UIColor, "UIColor">();
+  auto made = objc::make<UIColor>();
   stateOf<ColorState>(made.get()).color = color;
   return made;
 }

@@ -33,7 +33,7 @@ CGFloat lineHeight(UIFont* self, SEL) { return typeFaceOf(self).ascent() + typeF
 NSString* familyName(UIFont*, SEL) { return NSString::stringWithUTF8String(kSystemFontFamily); }
 
 bool isEqual(UIFont* self, SEL, NSObject* other) {
-  if (other == nullptr || !other->isKindOfClass(objc::classNamed<"UIFont">())) return false;
+  if (other == nullptr || !other->isKindOfClass(objc::classOf<UIFont>())) return false;
   const TypeFace& mine = typeFaceOf(self);
   const TypeFace& theirs = *stateOf<FontState>(other).face;
   return mine.weight() == theirs.weight() && mine.points() == theirs.points();
@@ -47,7 +47,7 @@ NSUInteger hash(UIFont* self, SEL) {
 }  // namespace
 
 objc::Owned<UIFont> makeFont(FontWeight weight, double points) {
-  auto font = objc::make<UIFont, "UIFont">();
+  auto font = objc::make<UIFont>();
   stateOf<FontState>(font.get()).face = TypeFace::find(weight, points);
   return font;
 }

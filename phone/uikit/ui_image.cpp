@@ -59,7 +59,7 @@ void drawInRect(UIImage* self, SEL, CGRect rect) {
 }  // namespace
 
 objc::Owned<UIImage> makeImage(Surface surface, double scale) {
-  auto image = objc::make<UIImage, "UIImage">();
+  auto image = objc::make<UIImage>();
   stateOf<ImageState>(image.get()) = {std::move(surface), scale};
   return image;
 }

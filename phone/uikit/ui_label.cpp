@@ -13,7 +13,7 @@ namespace {
 constexpr double kDefaultPoints = 17;
 
 UILabel* initWithFrame(UILabel* self, SEL selector, CGRect frame) {
-  self = objc::sendSuper<UILabel*>(objc::classNamed<"UIView">(), self, selector, frame);
+  self = objc::sendSuper<UILabel*>(objc::classOf<UIView>(), self, selector, frame);
   self->setFont(nullptr);
   self->setTextColor(nullptr);
   stateOf<ViewState>(self).userInteractionEnabled = false;

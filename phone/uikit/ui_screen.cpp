@@ -8,7 +8,7 @@ namespace {
 
 UIScreen* mainScreen(Class, SEL) {
   auto& screen = uiKit().mainScreen;
-  if (!screen) screen = objc::make<UIScreen, "UIScreen">();
+  if (!screen) screen = objc::make<UIScreen>();
   return screen.get();
 }
 

@@ -11,7 +11,7 @@ struct ScrollState {
 };
 
 UIView* initWithFrame(UIView* self, SEL selector, CGRect frame) {
-  self = objc::sendSuper<UIView*>(objc::classNamed<"UIView">(), self, selector, frame);
+  self = objc::sendSuper<UIView*>(objc::classOf<UIView>(), self, selector, frame);
   stateOf<ViewState>(self).clipsToBounds = true;
   return self;
 }

@@ -18,8 +18,8 @@ constexpr double kMargin = 15;
 enum CellStyle : NSInteger { kStyleValue1 = 1, kStyleSubtitle = 3 };
 
 UITableViewCell* initWithStyle(UITableViewCell* self, SEL, NSInteger style, NSString* reuseIdentifier) {
-  self = objc::sendSuper<UITableViewCell*>(objc::classNamed<"UIView">(), self,
-                                           objc::selector<"initWithFrame:">(), CGRect{{}, kDefaultSize});
+  self = objc::sendSuper<UITableViewCell*>(objc::classOf<UIView>(), self, objc::selector<"initWithFrame:">(),
+                                           CGRect{{}, kDefaultSize});
   auto& cell = stateOf<CellState>(self);
   cell.style = style;
   cell.reuseIdentifier = objc::Owned<NSString>::adopt(objc::send<"copy", NSString*>(reuseIdentifier));

@@ -11,12 +11,11 @@ class BBAction : public NSObject {
 
   /// An action that opens a URL; `callback` may be none.
   static BBAction* actionWithLaunchURL(NSURL* url, id callback) {
-    return objc::sendToClass<"BBAction", "actionWithLaunchURL:callblock:", BBAction*>(url, callback);
+    return objc::sendToClass<BBAction, "actionWithLaunchURL:callblock:", BBAction*>(url, callback);
   }
   /// An action that opens the application with that identifier; `callback` may be none.
   static BBAction* actionWithLaunchBundleID(NSString* bundleID, id callback) {
-    return objc::sendToClass<"BBAction", "actionWithLaunchBundleID:callblock:", BBAction*>(bundleID,
-                                                                                           callback);
+    return objc::sendToClass<BBAction, "actionWithLaunchBundleID:callblock:", BBAction*>(bundleID, callback);
   }
   /// None unless the action opens a URL.
   NSURL* launchURL() { return objc::send<"launchURL", NSURL*>(this); }

@@ -13,7 +13,7 @@ class EKEvent : public EKCalendarItem {
 
   /// A new event (borrowed), not saved yet.
   static EKEvent* eventWithEventStore(EKEventStore* store) {
-    return objc::sendToClass<"EKEvent", "eventWithEventStore:", EKEvent*>(store);
+    return objc::sendToClass<EKEvent, "eventWithEventStore:", EKEvent*>(store);
   }
   /// None until the event was saved once.
   NSString* eventIdentifier() { return objc::send<"eventIdentifier", NSString*>(this); }

@@ -7,7 +7,7 @@
 template <objc::FixedString Text>
 inline NSString* constantText() {
   static NSString* const text = objc::send<"initWithUTF8String:", NSString*>(
-      objc::sendToClass<"NSString", "alloc", NSString*>(), Text.c_str());
+      objc::sendToClass<NSString, "alloc", NSString*>(), Text.c_str());
   return text;
 }
 

@@ -9,7 +9,7 @@ class NSArray : public NSObject {
  public:
   NSArray() = delete;
 
-  static NSArray* array() { return objc::sendToClass<"NSArray", "array", NSArray*>(); }
+  static NSArray* array() { return objc::sendToClass<NSArray, "array", NSArray*>(); }
   NSUInteger count() { return objc::send<"count", NSUInteger>(this); }
   /// Borrowed. The index must be below count().
   NSObject* objectAtIndex(NSUInteger index) { return objc::send<"objectAtIndex:", NSObject*>(this, index); }
@@ -19,7 +19,7 @@ class NSArray : public NSObject {
   }
   /// None when the file is missing, unreadable or no array.
   static NSArray* arrayWithContentsOfFile(NSString* path) {
-    return objc::sendToClass<"NSArray", "arrayWithContentsOfFile:", NSArray*>(path);
+    return objc::sendToClass<NSArray, "arrayWithContentsOfFile:", NSArray*>(path);
   }
   bool writeToFile(NSString* path, bool atomically) {
     return objc::send<"writeToFile:atomically:", bool>(this, path, atomically);

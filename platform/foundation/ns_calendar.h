@@ -21,7 +21,7 @@ class NSCalendar : public NSObject {
   };
 
   static NSCalendar* currentCalendar() {
-    return objc::sendToClass<"NSCalendar", "currentCalendar", NSCalendar*>();
+    return objc::sendToClass<NSCalendar, "currentCalendar", NSCalendar*>();
   }
   NSDateComponents* components(NSUInteger units, NSDate* date) {
     return objc::send<"components:fromDate:", NSDateComponents*>(this, units, date);

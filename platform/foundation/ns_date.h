@@ -7,9 +7,9 @@ class NSDate : public NSObject {
  public:
   NSDate() = delete;
 
-  static NSDate* date() { return objc::sendToClass<"NSDate", "date", NSDate*>(); }
+  static NSDate* date() { return objc::sendToClass<NSDate, "date", NSDate*>(); }
   static NSDate* dateWithTimeIntervalSinceReferenceDate(double seconds) {
-    return objc::sendToClass<"NSDate", "dateWithTimeIntervalSinceReferenceDate:", NSDate*>(seconds);
+    return objc::sendToClass<NSDate, "dateWithTimeIntervalSinceReferenceDate:", NSDate*>(seconds);
   }
   NSDate* dateByAddingTimeInterval(double seconds) {
     return objc::send<"dateByAddingTimeInterval:", NSDate*>(this, seconds);

@@ -16,7 +16,7 @@ class NSDictionary : public NSObject {
   NSArray* allKeys() { return objc::send<"allKeys", NSArray*>(this); }
   /// None when the file is missing, unreadable or no dictionary.
   static NSDictionary* dictionaryWithContentsOfFile(NSString* path) {
-    return objc::sendToClass<"NSDictionary", "dictionaryWithContentsOfFile:", NSDictionary*>(path);
+    return objc::sendToClass<NSDictionary, "dictionaryWithContentsOfFile:", NSDictionary*>(path);
   }
   bool writeToFile(NSString* path, bool atomically) {
     return objc::send<"writeToFile:atomically:", bool>(this, path, atomically);

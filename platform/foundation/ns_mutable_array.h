@@ -7,9 +7,9 @@ class NSMutableArray : public NSArray {
  public:
   NSMutableArray() = delete;
 
-  static NSMutableArray* array() { return objc::sendToClass<"NSMutableArray", "array", NSMutableArray*>(); }
+  static NSMutableArray* array() { return objc::sendToClass<NSMutableArray, "array", NSMutableArray*>(); }
   static NSMutableArray* arrayWithArray(NSArray* other) {
-    return objc::sendToClass<"NSMutableArray", "arrayWithArray:", NSMutableArray*>(other);
+    return objc::sendToClass<NSMutableArray, "arrayWithArray:", NSMutableArray*>(other);
   }
   /// The object must not be none.
   void addObject(NSObject* object) { objc::send<"addObject:">(this, object); }

@@ -8,10 +8,10 @@ class NSMutableDictionary : public NSDictionary {
   NSMutableDictionary() = delete;
 
   static NSMutableDictionary* dictionary() {
-    return objc::sendToClass<"NSMutableDictionary", "dictionary", NSMutableDictionary*>();
+    return objc::sendToClass<NSMutableDictionary, "dictionary", NSMutableDictionary*>();
   }
   static NSMutableDictionary* dictionaryWithContentsOfFile(NSString* path) {
-    return objc::sendToClass<"NSMutableDictionary", "dictionaryWithContentsOfFile:", NSMutableDictionary*>(
+    return objc::sendToClass<NSMutableDictionary, "dictionaryWithContentsOfFile:", NSMutableDictionary*>(
         path);
   }
   /// Neither object nor key may be none.

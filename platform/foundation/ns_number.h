@@ -8,16 +8,16 @@ class NSNumber : public NSObject {
   NSNumber() = delete;
 
   static NSNumber* numberWithBool(bool value) {
-    return objc::sendToClass<"NSNumber", "numberWithBool:", NSNumber*>(value);
+    return objc::sendToClass<NSNumber, "numberWithBool:", NSNumber*>(value);
   }
   static NSNumber* numberWithFloat(float value) {
-    return objc::sendToClass<"NSNumber", "numberWithFloat:", NSNumber*>(value);
+    return objc::sendToClass<NSNumber, "numberWithFloat:", NSNumber*>(value);
   }
   static NSNumber* numberWithDouble(double value) {
-    return objc::sendToClass<"NSNumber", "numberWithDouble:", NSNumber*>(value);
+    return objc::sendToClass<NSNumber, "numberWithDouble:", NSNumber*>(value);
   }
   static NSNumber* numberWithInteger(NSInteger value) {
-    return objc::sendToClass<"NSNumber", "numberWithInteger:", NSNumber*>(value);
+    return objc::sendToClass<NSNumber, "numberWithInteger:", NSNumber*>(value);
   }
   bool boolValue() { return objc::send<"boolValue", bool>(this); }
   int intValue() { return objc::send<"intValue", int>(this); }

@@ -3,7 +3,7 @@
 // none and gives zero; every target that uses the views is compiled so that this holds.
 #pragma once
 
-#include "platform/objc/send.h"
+#include "platform/objc/class_of.h"
 
 class NSString;
 

@@ -10,7 +10,7 @@ class NSScanner : public NSObject {
   NSScanner() = delete;
 
   static NSScanner* scannerWithString(NSString* text) {
-    return objc::sendToClass<"NSScanner", "scannerWithString:", NSScanner*>(text);
+    return objc::sendToClass<NSScanner, "scannerWithString:", NSScanner*>(text);
   }
   void setScanLocation(NSUInteger location) { objc::send<"setScanLocation:">(this, location); }
   /// Reads an unsigned hexadecimal number; leaves `value` alone when there is none.

@@ -11,13 +11,13 @@ class NSString : public NSObject {
   NSString() = delete;
 
   static NSString* stringWithUTF8String(const char* utf8) {
-    return objc::sendToClass<"NSString", "stringWithUTF8String:", NSString*>(utf8);
+    return objc::sendToClass<NSString, "stringWithUTF8String:", NSString*>(utf8);
   }
   /// The formatted text. Variadic arguments follow the platform's format rules.
   template <typename... Arguments>
   static NSString* stringWithFormat(NSString* format, Arguments... arguments) {
     using Formatter = NSString* (*)(id, SEL, NSString*, ...);
-    Class const strings = objc::classNamed<"NSString">();
+    Class const strings = objc::classOf<NSString>();
     SEL const selector = objc::selector<"stringWithFormat:">();
     return objc::sendVariadic<Formatter>(strings, selector, format, arguments...);
   }

@@ -11,7 +11,7 @@ class NSURL : public NSObject {
 
   /// None when the text is no URL.
   static NSURL* URLWithString(NSString* text) {
-    return objc::sendToClass<"NSURL", "URLWithString:", NSURL*>(text);
+    return objc::sendToClass<NSURL, "URLWithString:", NSURL*>(text);
   }
   NSString* absoluteString() { return objc::send<"absoluteString", NSString*>(this); }
 };

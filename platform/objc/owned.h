@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/objc/send.h"
+#include "platform/objc/class_of.h"
 
 namespace objc {
 
@@ -49,17 +49,29 @@ class Owned {
   Type* object_ = nullptr;
 };
 
-/// A new instance by alloc and init; none when the class does not exist.
-template <typename Type, FixedString ClassName>
-inline Owned<Type> make() {
-  return Owned<Type>::adopt(send<"init", Type*>(sendToClass<ClassName, "alloc", id>()));
+/// A new instance of the view's class by alloc and init; nil when the class does not exist.
+template <typename View>
+inline Owned<View> make() {
+  return Owned<View>::adopt(send<"init", View*>(sendToClass<View, "alloc", id>()));
 }
 
-/// A new instance by alloc and the named initialiser; none when the class does not exist or the initialiser
-/// gives none.
-template <typename Type, FixedString ClassName, FixedString Initializer, typename... Arguments>
-inline Owned<Type> makeWith(Arguments... arguments) {
-  return Owned<Type>::adopt(send<Initializer, Type*>(sendToClass<ClassName, "alloc", id>(), arguments...));
+/// A new instance by alloc and the named initialiser; nil when the class does not exist or the initialiser
+/// gives nil.
+template <typename View, FixedString Initializer, typename... Arguments>
+inline Owned<View> makeWith(Arguments... arguments) {
+  return Owned<View>::adopt(send<Initializer, View*>(sendToClass<View, "alloc", id>(), arguments...));
+}
+
+// The same for a class that has no view, or an instance of a subclass of the view's class.
+
+template <typename View, FixedString ClassName>
+inline Owned<View> make() {
+  return Owned<View>::adopt(send<"init", View*>(sendToClass<ClassName, "alloc", id>()));
+}
+
+template <typename View, FixedString ClassName, FixedString Initializer, typename... Arguments>
+inline Owned<View> makeWith(Arguments... arguments) {
+  return Owned<View>::adopt(send<Initializer, View*>(sendToClass<ClassName, "alloc", id>(), arguments...));
 }
 
 /// Puts a strong reference to `value` into a plain pointer that owns what it holds, for fields whose form

@@ -8,7 +8,7 @@ class NSIndexPath : public NSObject {
   NSIndexPath() = delete;
 
   static NSIndexPath* indexPathForRow(NSInteger row, NSInteger section) {
-    return objc::sendToClass<"NSIndexPath", "indexPathForRow:inSection:", NSIndexPath*>(row, section);
+    return objc::sendToClass<NSIndexPath, "indexPathForRow:inSection:", NSIndexPath*>(row, section);
   }
   NSInteger row() { return objc::send<"row", NSInteger>(this); }
   NSInteger section() { return objc::send<"section", NSInteger>(this); }

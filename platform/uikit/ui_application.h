@@ -11,7 +11,7 @@ class UIApplication : public NSObject {
 
   /// None before the host has one.
   static UIApplication* sharedApplication() {
-    return objc::sendToClass<"UIApplication", "sharedApplication", UIApplication*>();
+    return objc::sendToClass<UIApplication, "sharedApplication", UIApplication*>();
   }
   NSArray* windows() { return objc::send<"windows", NSArray*>(this); }
 };

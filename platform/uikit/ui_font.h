@@ -9,7 +9,7 @@ class UIFont : public NSObject {
   UIFont() = delete;
 
   static UIFont* systemFontOfSize(CGFloat points) {
-    return objc::sendToClass<"UIFont", "systemFontOfSize:", UIFont*>(points);
+    return objc::sendToClass<UIFont, "systemFontOfSize:", UIFont*>(points);
   }
   /// The same font at another size.
   UIFont* fontWithSize(CGFloat points) { return objc::send<"fontWithSize:", UIFont*>(this, points); }

@@ -9,7 +9,7 @@ class UIImage : public NSObject {
   UIImage() = delete;
 
   static UIImage* imageWithContentsOfFile(NSString* path) {
-    return objc::sendToClass<"UIImage", "imageWithContentsOfFile:", UIImage*>(path);
+    return objc::sendToClass<UIImage, "imageWithContentsOfFile:", UIImage*>(path);
   }
   CGSize size() { return objc::send<"size", CGSize>(this); }
   CGFloat scale() { return objc::send<"scale", CGFloat>(this); }

@@ -8,7 +8,7 @@ class UIScreen : public NSObject {
  public:
   UIScreen() = delete;
 
-  static UIScreen* mainScreen() { return objc::sendToClass<"UIScreen", "mainScreen", UIScreen*>(); }
+  static UIScreen* mainScreen() { return objc::sendToClass<UIScreen, "mainScreen", UIScreen*>(); }
   /// Pixels per point.
   CGFloat scale() { return objc::send<"scale", CGFloat>(this); }
 };

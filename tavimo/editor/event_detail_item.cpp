@@ -1,8 +1,6 @@
 #include "tavimo/editor/event_detail_item.h"
 
 #include "platform/eventkit/ek_event.h"
-#include "platform/foundation/literal.h"
-#include "platform/foundation/ns_log.h"
 #include "platform/uikit/ui_alert_view.h"
 #include "platform/uikit/ui_tap_gesture_recognizer.h"
 #include "tavimo/editor/associated_property.h"
@@ -10,6 +8,7 @@
 #include "tavimo/editor/lock_screen_row.h"
 #include "tavimo/editor/views_on_screen.h"
 #include "tavimo/events/hidden_event_store.h"
+#include "tavimo/settings/log.h"
 
 namespace tavimo {
 
@@ -37,9 +36,8 @@ void buildRow(EKEventDetailItemOrv* item) {
   const LockScreenRow row = makeLockScreenRow(item);
   setObject<"cell">(item, row.cell.get());
   setObject<"dndSwitch">(item, row.toggle.get());
-  const auto recognizer =
-      objc::makeWith<UITapGestureRecognizer, "UITapGestureRecognizer", "initWithTarget:action:">(
-          item, objc::selector<"showDisabledHelp">());
+  const auto recognizer = objc::makeWith<UITapGestureRecognizer, "initWithTarget:action:">(
+      item, objc::selector<"showDisabledHelp">());
   setObject<"tapGestureRecognizer">(item, recognizer.get());
 }
 
@@ -77,12 +75,12 @@ void detailSwitchChanged(EKEventDetailItemOrv* self, SEL /*selector*/, UISwitch*
   NSString* const urlText =
       flagProperty<kLacksURLText>(self, nullptr) ? nullptr : getObject<"eventURI", NSString>(self);
   NSString* const key = hiddenEventKey(urlText);
-  NSLog("Orv switch changed to %@. Event URI: %@, trimmed:%@"_ns, shown ? "ON"_ns : "OFF"_ns, urlText, key);
+  logBare<"Orv switch changed to %@. Event URI: %@, trimmed:%@">(shown ? "ON"_ns : "OFF"_ns, urlText, key);
   if (key != nullptr) setEventHidden(key, !shown);
 }
 
 void showDisabledHelp(EKEventDetailItemOrv* self, SEL /*selector*/) {
-  const auto alert = objc::makeWith<UIAlertView, "UIAlertView",
+  const auto alert = objc::makeWith<UIAlertView,
                                     "initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:">(
       "DnD is not available"_ns,
       "Automatic Do Not Disturb mode is available if the event is not an all-day one, and if at least one alert is set."_ns,

@@ -6,7 +6,7 @@
 #include "platform/foundation/foundation_version.h"
 #include "platform/foundation/ns_mutable_array.h"
 #include "platform/objc/associated_object.h"
-#include "platform/objc/class_name.h"
+#include "platform/objc/class_of.h"
 #include "platform/objc/ivar.h"
 #include "tavimo/editor/event_orv_item.h"
 #include "tavimo/editor/event_visibility.h"
@@ -29,7 +29,7 @@ bool editsNewEvent(EKEventEditor* editor) {
 
 /// The editor's new item in the state that its event asks for; none when the class is not there.
 objc::Owned<EKEventOrvItem> makeItem(EKEventEditor* editor) {
-  auto item = objc::make<EKEventOrvItem, "EKEventOrvItem">();
+  auto item = objc::make<EKEventOrvItem>();
   item->setCalendarItem(editor->calendarItem(), editor->store());
   // A new event can meet the entry of a deleted one.
   if (editsNewEvent(editor)) item->setShowOnLockscreen(true);
@@ -38,11 +38,11 @@ objc::Owned<EKEventOrvItem> makeItem(EKEventEditor* editor) {
 
 /// From iOS 8 on the editor shows its items in groups; the item ends the fourth.
 void appendToGroup(EKEventEditor* editor, EKEventOrvItem* item) {
-  auto* const groups = objc::readIvar<NSMutableArray>(editor, "_orderedEditItems");
-  if (!groups->isKindOfClass(objc::classNamed<"NSMutableArray">()) || groups->count() <= kItemGroup) return;
-  NSObject* const hostGroup = groups->objectAtIndex(kItemGroup);
-  if (!hostGroup->isKindOfClass(objc::classNamed<"NSArray">())) return;
-  NSMutableArray* const group = NSMutableArray::arrayWithArray(static_cast<NSArray*>(hostGroup));
+  auto* const groups = objc::asKind<NSMutableArray>(objc::readIvar<NSObject>(editor, "_orderedEditItems"));
+  if (groups->count() <= kItemGroup) return;
+  auto* const hostGroup = objc::asKind<NSArray>(groups->objectAtIndex(kItemGroup));
+  if (hostGroup == nullptr) return;
+  NSMutableArray* const group = NSMutableArray::arrayWithArray(hostGroup);
   group->addObject(item);
   groups->replaceObjectAtIndex(kItemGroup, group);
 }

@@ -1,7 +1,7 @@
 #include "tavimo/editor/event_view.h"
 
 #include "platform/foundation/ns_mutable_array.h"
-#include "platform/objc/class_name.h"
+#include "platform/objc/class_of.h"
 #include "platform/objc/owned.h"
 #include "tavimo/editor/event_detail_item.h"
 #include "tavimo/editor/views_on_screen.h"
@@ -57,7 +57,7 @@ NSArray* detailItems(EKEventViewController* self, SEL selector) {
   noteListsItem(self, alarm != NSNotFound);
   if (alarm != NSNotFound) {
     if (sharedDetailItem == nullptr) {
-      sharedDetailItem = objc::make<EKEventDetailItemOrv, "EKEventDetailItemOrv">().relinquish();
+      sharedDetailItem = objc::make<EKEventDetailItemOrv>().relinquish();
     }
     // A list that is built while another view is in use changes nothing about whose event the row shows.
     EKEventViewController* const inUse = viewInUse();

@@ -21,7 +21,7 @@ CGRect switchFrame(CGRect content, CGSize size) {
 }  // namespace
 
 LockScreenRow makeLockScreenRow(NSObject* target) {
-  LockScreenRow row{objc::make<UITableViewCell, "UITableViewCell">(), objc::make<UISwitch, "UISwitch">()};
+  LockScreenRow row{objc::make<UITableViewCell>(), objc::make<UISwitch>()};
   row.cell->textLabel()->setText("Show on Lockscreen"_ns);
   UIView* const content = row.cell->contentView();
   row.toggle->setFrame(switchFrame(content->bounds(), row.toggle->sizeThatFits({0, 0})));

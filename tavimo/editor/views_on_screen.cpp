@@ -52,7 +52,7 @@ void forgetView(const EKEventViewController* view) {
 void noteAppeared(EKEventViewController* view) {
   forgetView(view);
   if (appearanceCount == std::size(appearances)) forget(0);
-  auto token = objc::make<NSObject, "NSObject">();
+  auto token = objc::make<NSObject>();
   objc::associate(view, &kTokenKey, token.get());
   appearances[appearanceCount++] = {view, token.relinquish()};
 }

@@ -5,7 +5,6 @@
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_dictionary.h"
 #include "platform/foundation/ns_mutable_array.h"
-#include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
 
 namespace tavimo {
@@ -16,7 +15,7 @@ namespace {
 bool holdsIdentifier(NSArray* identifiers, NSString* identifier) {
   const NSUInteger count = identifiers->count();
   for (NSUInteger i = 0; i < count; ++i) {
-    NSString* const entry = asText(identifiers->objectAtIndex(i));
+    NSString* const entry = objc::asKind<NSString>(identifiers->objectAtIndex(i));
     if (entry != nullptr && entry->isEqualToString(identifier)) return true;
   }
   return false;
@@ -28,8 +27,8 @@ void selectShownCalendars(EKEventStore* store, NSMutableArray* selection) {
   NSDictionary* const preferences =
       NSDictionary::dictionaryWithContentsOfFile(constantText<contract::kCalendarAppPreferencesFile>());
   if (preferences == nullptr) return;
-  logDebug<"%@ got %lu items from calendar config file">(preferences->count());
-  NSArray* const switchedOff = asArray(preferences->objectForKey("LastDeselectedCalendars"_ns));
+  TAVIMO_DEBUG(log<"got %lu items from calendar config file">(preferences->count()));
+  NSArray* const switchedOff = objc::asKind<NSArray>(preferences->objectForKey("LastDeselectedCalendars"_ns));
   NSArray* const calendars = store->calendars();
   const NSUInteger count = calendars->count();
   for (NSUInteger i = 0; i < count; ++i) {
@@ -43,10 +42,10 @@ void selectNamedCalendars(EKEventStore* store, NSArray* identifiers, NSMutableAr
   const NSUInteger count = identifiers->count();
   for (NSUInteger i = 0; i < count; ++i) {
     NSObject* const entry = identifiers->objectAtIndex(i);
-    NSString* const identifier = asText(entry);
+    NSString* const identifier = objc::asKind<NSString>(entry);
     EKCalendar* const calendar = identifier == nullptr ? nullptr : store->calendarWithIdentifier(identifier);
     if (calendar == nullptr) {
-      logAlways("%@ unable to find calendar with UUID %@, skipping"_ns, entry);
+      log<"unable to find calendar with UUID %@, skipping">(entry);
     } else {
       selection->addObject(calendar);
     }
@@ -64,7 +63,7 @@ NSArray* selectedCalendars(EKEventStore* store) {
   NSArray* const identifiers =
       NSArray::arrayWithContentsOfFile(constantText<contract::kCalendarSelectionFile>());
   if (identifiers->count() == 0) {
-    logAlways("%@ no enabled calendars found, not searching the DB!"_ns);
+    log<"no enabled calendars found, not searching the DB!">();
     return nullptr;
   }
   selectNamedCalendars(store, identifiers, selection);

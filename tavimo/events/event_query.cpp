@@ -39,7 +39,7 @@ void takeEvents(NSArray* found, NSMutableArray* events) {
   for (NSUInteger i = 0; i < count; ++i) {
     NSObject* const event = found->objectAtIndex(i);
     if (isMissing(event)) {
-      logAlways("%@ skipping nil event..."_ns);
+      log<"skipping nil event...">();
       continue;
     }
     events->addObject(event);
@@ -51,11 +51,11 @@ void takeEvents(NSArray* found, NSMutableArray* events) {
 }  // namespace
 
 objc::Owned<NSArray> fetchCalendarEvents(EKEventStore* store) {
-  auto events = objc::make<NSMutableArray, "NSMutableArray">();
+  auto events = objc::make<NSMutableArray>();
   if (NSArray* const calendars = selectedCalendars(store); calendars != nullptr) {
     NSDate* const start = NSDate::date();
     NSDate* const end = endOfRange(start);
-    if (debugMode) NSLog("TVM: start date: %@, end date: %@"_ns, start, end);
+    TAVIMO_DEBUG(log<"start date: %@, end date: %@">(start, end));
     takeEvents(store->eventsMatchingPredicate(store->predicateForEvents(start, end, calendars)),
                events.get());
   }

@@ -2,6 +2,7 @@
 #include "tavimo/editor/associated_property.h"
 #include "tavimo/editor/event_detail_item.h"
 #include "tavimo/editor/event_editor.h"
+#include "tavimo/editor/event_orv_item.h"
 #include "tavimo/editor/event_view.h"
 #include "tavimo/loader/hook_entry.h"
 
@@ -15,6 +16,33 @@ std::span<const HookEntry> editorEntries() {
       replaceMethod<viewWillAppear>("EKEventViewController", "viewWillAppear:", viewWillAppearDisplaced),
       replaceMethod<viewWillDisappear>("EKEventViewController", "viewWillDisappear:", viewWillDisappearDisplaced),
       replaceMethod<detailItems>("EKEventViewController", "_items", detailItemsDisplaced),
+  };
+  // clang-format on
+  return entries;
+}
+
+std::span<const InstanceVariable> editItemVariables() {
+  static const InstanceVariable variables[] = {
+      {kObjectVariables[0], "@\"UITableViewCell\"", sizeof(id)},
+      {kObjectVariables[1], "@\"UISwitch\"", sizeof(id)},
+      {kObjectVariables[2], "@\"UIButton\"", sizeof(id)},
+      {kObjectVariables[3], "@\"UITapGestureRecognizer\"", sizeof(id)},
+      {kChoiceVariable, objc::Encoding<bool>::value.c_str(), sizeof(objc::Boolean)},
+  };
+  return variables;
+}
+
+std::span<const HookEntry> editItemEntries() {
+  static constexpr const char* kItem = "EKEventOrvItem";
+  // clang-format off
+  static const HookEntry entries[] = {
+      addMethod<editSetCalendarItem>(kItem, "setCalendarItem:store:"),
+      addMethod<editCellInSubsection>(kItem, "cellForSubitemAtIndex:inSubsection:"),
+      addMethod<editCell>(kItem, "cellForSubitemAtIndex:"),
+      addMethod<editSwitchChanged>(kItem, "switchChanged:"),
+      addMethod<editShowOnLockscreen>(kItem, "showOnLockscreen"),
+      addMethod<editSetShowOnLockscreen>(kItem, "setShowOnLockscreen:"),
+      addMethod<editDealloc>(kItem, "dealloc"),
   };
   // clang-format on
   return entries;

@@ -1,5 +1,7 @@
 #include "tavimo/loader/hook_entry.h"
 
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace tavimo {
@@ -23,6 +25,20 @@ void install(std::span<const HookEntry> entries) {
     }
     install(entry, hostClass);
   }
+}
+
+void registerClass(Class superclass, std::span<const InstanceVariable> variables,
+                   std::span<const HookEntry> entries) {
+  if (superclass == nullptr) return;
+  Class const made = objc_allocateClassPair(superclass, entries.front().className, 0);
+  if (made == nullptr) return;
+  for (const InstanceVariable& variable : variables) {
+    // Each is aligned as it is large.
+    class_addIvar(made, variable.name, variable.size,
+                  static_cast<std::uint8_t>(std::countr_zero(variable.size)), variable.encoding);
+  }
+  for (const HookEntry& entry : entries) install(entry, made);
+  objc_registerClassPair(made);
 }
 
 }  // namespace tavimo

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <span>
 
 #include "platform/objc/displaced.h"
@@ -37,11 +38,27 @@ void install(const HookEntry& entry, Class hostClass);
 /// Installs the entries in order; each class is looked up once, just before its first entry.
 void install(std::span<const HookEntry> entries);
 
+/// An instance variable of a class that is made at run time: an object, or a simple value.
+struct InstanceVariable {
+  const char* name;
+  const char* encoding;
+  std::size_t size;
+};
+
+/// Makes the class that the entries name, complete with variables and methods: from then on the host can use
+/// it. Does nothing in a process without the superclass, and where the class exists already.
+void registerClass(Class superclass, std::span<const InstanceVariable> variables,
+                   std::span<const HookEntry> entries);
+
 /// The lock screen entries, in installation order.
 std::span<const HookEntry> homeScreenEntries();
 
 /// The entries of the event editor and the event view, in installation order.
 std::span<const HookEntry> editorEntries();
+
+/// The variables and methods of the run-time class EKEventOrvItem.
+std::span<const InstanceVariable> editItemVariables();
+std::span<const HookEntry> editItemEntries();
 
 /// The entries of the run-time class EKEventDetailItemOrv, in installation order.
 std::span<const HookEntry> detailItemEntries();

@@ -2,8 +2,9 @@
 // exist at that moment.
 #include <span>
 
+#include "platform/calendarui/ek_event_detail_item.h"
+#include "platform/calendarui/ek_event_edit_item.h"
 #include "platform/foundation/autorelease_pool.h"
-#include "tavimo/editor/event_orv_item.h"
 #include "tavimo/loader/hook_entry.h"
 #include "tavimo/settings/settings_model.h"
 
@@ -16,22 +17,10 @@ void installInHomeScreen() {
   isEnabled = false;
 }
 
-/// Makes the event view's item class. It is registered with all its methods in place: from then on the host
-/// can use it.
-void registerDetailItem() {
-  Class const superclass = objc::classNamed<"EKEventDetailItem">();
-  if (superclass == nullptr) return;
-  const std::span<const HookEntry> entries = detailItemEntries();
-  Class const item = objc_allocateClassPair(superclass, entries.front().className, 0);
-  if (item == nullptr) return;
-  for (const HookEntry& entry : entries) install(entry, item);
-  objc_registerClassPair(item);
-}
-
 void installInCalendarProcess() {
-  registerEventOrvItem();
+  registerClass(objc::classOf<EKEventEditItem>(), editItemVariables(), editItemEntries());
   install(editorEntries());
-  registerDetailItem();
+  registerClass(objc::classOf<EKEventDetailItem>(), {}, detailItemEntries());
 }
 
 [[gnu::constructor]] void initialize() {

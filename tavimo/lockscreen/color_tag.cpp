@@ -1,10 +1,10 @@
 #include "tavimo/lockscreen/color_tag.h"
 
 #include "contract/records.h"
+#include "platform/foundation/ns_array.h"
 #include "platform/objc/owned.h"
-#include "tavimo/settings/checked_objects.h"
-#include "tavimo/settings/color_strings.h"
 #include "tavimo/settings/log.h"
+#include "tavimo/support/color_strings.h"
 
 namespace tavimo {
 
@@ -21,14 +21,14 @@ NSString* colorTag(UIColor* calendarColor) {
 }
 
 UIColor* taggedColor(BBBulletin* bulletin) {
-  NSString* const message = asText(bulletin->message());
+  NSString* const message = objc::asKind<NSString>(bulletin->message());
   if (message->length() < kTagLength) {
-    logAlways("%@ did not find custom color string! (2)"_ns);
+    log<"did not find custom color string! (2)">();
     return UIColor::whiteColor();
   }
   NSArray* const fields = message->componentsSeparatedByString("|"_ns);
   if (fields->count() < 2) {
-    logAlways("%@ did not find custom color string! (1)"_ns);
+    log<"did not find custom color string! (1)">();
     return UIColor::whiteColor();
   }
   return objc::Owned<UIColor>::adopt(colorFromHexString(static_cast<NSString*>(fields->objectAtIndex(1))))

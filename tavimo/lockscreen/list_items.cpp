@@ -4,9 +4,8 @@
 #include <string_view>
 
 #include "contract/records.h"
-#include "platform/objc/class_name.h"
+#include "platform/objc/class_of.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
-#include "tavimo/settings/checked_objects.h"
 
 namespace tavimo {
 
@@ -22,7 +21,7 @@ bool startsWith(const char16_t* characters, std::string_view prefix) {
 }  // namespace
 
 Publisher publisherOf(BBBulletin* bulletin) {
-  NSString* const identifier = asText(bulletin->bulletinID());
+  NSString* const identifier = objc::asKind<NSString>(bulletin->bulletinID());
   char16_t start[kSiblingPrefix.size()];
   const NSUInteger length = identifier->length();
   const NSUInteger read = length < kSiblingPrefix.size() ? length : kSiblingPrefix.size();
@@ -34,8 +33,7 @@ Publisher publisherOf(BBBulletin* bulletin) {
 }
 
 SBAwayBulletinListItem* asBulletinListItem(NSObject* item) {
-  return objc::isOfClass(item, "SBAwayBulletinListItem") ? static_cast<SBAwayBulletinListItem*>(item)
-                                                         : nullptr;
+  return objc::exactly<SBAwayBulletinListItem>(item);
 }
 
 BBBulletin* recordOf(SBAwayBulletinListItem* item) {

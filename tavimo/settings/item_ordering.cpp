@@ -20,12 +20,12 @@ constexpr NSInteger kFirstDayOffset = 360;
 
 void readItemOrdering() {
   const auto groups =
-      objc::makeWith<NSArray, "NSArray", "initWithContentsOfFile:">(constantText<contract::kOrderingFile>());
+      objc::makeWith<NSArray, "initWithContentsOfFile:">(constantText<contract::kOrderingFile>());
   sortPriority = kNoOrdering;
   const NSUInteger system =
       groups ? groups->indexOfObject(constantText<contract::kSystemGroup>()) : NSNotFound;
   if (system == NSNotFound) {
-    logAlways("%@ system sort priority not found, no custom sorting of items will be done!"_ns);
+    log<"system sort priority not found, no custom sorting of items will be done!">();
     return;
   }
   const NSUInteger own = groups->indexOfObject(constantText<contract::kEventGroup>());
@@ -35,7 +35,7 @@ void readItemOrdering() {
 }
 
 NSDate* orderingDate(NSUInteger position) {
-  const auto offset = objc::make<NSDateComponents, "NSDateComponents">();
+  const auto offset = objc::make<NSDateComponents>();
   offset->setYear(sortPriority);
   offset->setDay(kFirstDayOffset - static_cast<NSInteger>(position));
   return NSCalendar::currentCalendar()->dateByAddingComponents(offset.get(), NSDate::date(), 0);

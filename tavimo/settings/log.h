@@ -1,4 +1,5 @@
-// The plug-in's messages. Most begin with the prefix and are written only in debug mode.
+// The plug-in's messages to the phone's log. Most begin with its prefix, and most are written in debug mode
+// only.
 #pragma once
 
 #include "platform/foundation/literal.h"
@@ -7,18 +8,25 @@
 
 namespace tavimo {
 
-/// Logs with the plug-in's prefix as the format's first argument, whatever `debugMode` says.
-template <typename... Arguments>
-inline void logAlways(NSString* format, Arguments... arguments) {
-  NSLog(format, "TVM:"_ns, arguments...);
+/// Writes the message as it stands.
+template <objc::FixedString Format, typename... Arguments>
+inline void logBare(Arguments... arguments) {
+  NSLog(constantText<Format>(), arguments...);
 }
 
-/// The same, in debug mode only. The arguments are evaluated in any case: keep them cheap.
+/// Writes the message behind the plug-in's prefix.
 template <objc::FixedString Format, typename... Arguments>
-inline void logDebug(Arguments... arguments) {
-  if (debugMode) [[unlikely]] {
-    logAlways(operator""_ns<Format>(), arguments...);
-  }
+inline void log(Arguments... arguments) {
+  logBare<objc::FixedString("TVM: ") + Format>(arguments...);
 }
 
 }  // namespace tavimo
+
+/// One of these in debug mode, for example TAVIMO_DEBUG(log<"count=%lu">(items->count())). A macro, so that
+/// nothing in it is evaluated while the mode is off: some arguments are messages to the host.
+#define TAVIMO_DEBUG(...)         \
+  do {                            \
+    if (debugMode) [[unlikely]] { \
+      ::tavimo::__VA_ARGS__;      \
+    }                             \
+  } while (false)

@@ -26,9 +26,9 @@ TAVIMO_EXPORT bool onlySelectedCalendars;
 TAVIMO_EXPORT bool displayLocation;
 /// Rows without a location are as high as rows with one.
 TAVIMO_EXPORT bool sameHeightRows;
-/// Suppress the wallpaper underlay: 0 never, 1 while only custom items are listed, 2 always.
+/// When the wallpaper is blurred behind the list; one of contract::BlurMode.
 TAVIMO_EXPORT NSInteger wallpaperBlurMode;
-/// What a tap does: 0 nothing, 1 open the event, 2 open its day in Fantastical 2, 3 open an application.
+/// What a tap opens; one of contract::SwipeAction.
 TAVIMO_EXPORT NSInteger swipeAction;
 TAVIMO_EXPORT UIColor* textColor;
 /// The title is drawn in the colour of the event's calendar instead of `textColor`.

@@ -6,10 +6,9 @@
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_dictionary.h"
 #include "platform/foundation/ns_number.h"
-#include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/color_index.h"
-#include "tavimo/settings/image_utilities.h"
 #include "tavimo/settings/log.h"
+#include "tavimo/support/image_utilities.h"
 
 namespace tavimo {
 
@@ -74,7 +73,7 @@ constexpr auto kFallbackText = [] {
 
 template <objc::FixedString Key>
 NSString* readText(NSDictionary* values) {
-  NSString* const value = asText(values->objectForKey(constantText<Key>()));
+  NSString* const value = objc::asKind<NSString>(values->objectForKey(constantText<Key>()));
   return value == nullptr ? constantText<kFallbackText<Key>>() : value;
 }
 
@@ -89,7 +88,7 @@ void readTitleColor(NSDictionary* values) {
 }
 
 objc::Owned<UIImage> loadImage(NSString* path) {
-  return objc::makeWith<UIImage, "UIImage", "initWithContentsOfFile:">(path);
+  return objc::makeWith<UIImage, "initWithContentsOfFile:">(path);
 }
 
 void readIcon(NSDictionary* values) {
@@ -97,8 +96,9 @@ void readIcon(NSDictionary* values) {
   if (iconFile->isEqualToString(constantText<contract::kCalendarAppIcon>())) {
     const objc::Owned<UIImage> image = loadImage(iconFile);
     objc::assignStrong(icon, roundedCopy(image.get(), kIconCornerRadius).get());
-  } else if (!iconFile->isEqualToString("NONE"_ns) && !iconFile->isEqualToString("DOT"_ns) &&
-             !iconFile->isEqualToString("DOT_LARGE"_ns)) {
+  } else if (!iconFile->isEqualToString(constantText<contract::kNoIcon>()) &&
+             !iconFile->isEqualToString(constantText<contract::kDotIcon>()) &&
+             !iconFile->isEqualToString(constantText<contract::kLargeDotIcon>())) {
     objc::assignStrong(icon, loadImage(iconFile).get());
   }
 }
@@ -106,10 +106,10 @@ void readIcon(NSDictionary* values) {
 }  // namespace
 
 void readSettings() {
-  const auto file = objc::makeWith<NSDictionary, "NSDictionary", "initWithContentsOfFile:">(
-      constantText<contract::kSettingsFile>());
+  const auto file =
+      objc::makeWith<NSDictionary, "initWithContentsOfFile:">(constantText<contract::kSettingsFile>());
   NSDictionary* const values = file.get();
-  if (values == nullptr) NSLog("TVM: unable to load preferences."_ns);
+  if (values == nullptr) log<"unable to load preferences.">();
 
   debugMode = readFlag<"debugMode">(values);
   isEnabled = readFlag<"enabled">(values);

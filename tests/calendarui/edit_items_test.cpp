@@ -3,7 +3,7 @@
 #include "phone/calendarui/ek_event_edit_view_controller.h"
 #include "platform/calendarui/ek_event_editor.h"
 #include "platform/foundation/ns_mutable_array.h"
-#include "platform/objc/class_name.h"
+#include "platform/objc/class_of.h"
 #include "platform/objc/ivar.h"
 #include "tests/calendarui/calendar_fixture.h"
 

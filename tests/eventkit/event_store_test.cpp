@@ -102,7 +102,7 @@ TEST_F(EventStoreTest, UsingAnEventAfterItsStoreEndsTheProcessNamingTheMessage) 
   EKEvent* const found = withIdentifier(saved->eventIdentifier());
   auto* const listed = static_cast<EKEvent*>(events(at(2014, 3, 7), at(2014, 3, 8))->objectAtIndex(0));
   // The pool keeps the events from here on, and nobody keeps their store.
-  store_ = objc::make<EKEventStore, "EKEventStore">();
+  store_ = objc::make<EKEventStore>();
   EXPECT_DEATH(saved->title(), "message title: the EKEvent 0x.* its EKEventStore is gone");
   EXPECT_DEATH(found->setAllDay(true), "message setAllDay:: the EKEvent");
   EXPECT_DEATH(listed->externalURL(), "message externalURL: the EKEvent");
@@ -117,7 +117,7 @@ TEST_F(EventStoreTest, ASearchOverNoCalendarsFindsNothing) {
   ASSERT_TRUE(save(newEvent(home, "b"_ns, at(2014, 3, 7, 9), at(2014, 3, 7, 10))));
   EXPECT_EQ(events(0, at(2100, 1, 1), NSArray::array())->count(), 0u);
   auto* const onlyHome =
-      objc::sendToClass<"NSArray", "arrayWithObject:", NSArray*>(static_cast<NSObject*>(home));
+      objc::sendToClass<NSArray, "arrayWithObject:", NSArray*>(static_cast<NSObject*>(home));
   ASSERT_EQ(events(0, at(2100, 1, 1), onlyHome)->count(), 1u);
   EXPECT_EQ(titles(0, at(2100, 1, 1)), " a b") << "same start: by title";
 }

@@ -24,7 +24,7 @@ class StoreTest : public testing::Test {
     root_ = ::mkdtemp(pattern);
     startFoundation({.root = root_, .now = 415'843'200.0, .timeZone = timeZone});
     registerEventKit();
-    store_ = objc::make<EKEventStore, "EKEventStore">();
+    store_ = objc::make<EKEventStore>();
   }
   ~StoreTest() override { std::filesystem::remove_all(root_); }
 
@@ -46,7 +46,7 @@ class StoreTest : public testing::Test {
   }
 
   EKEvent* newEvent(EKCalendar* calendar, NSString* title, Seconds start, Seconds end) {
-    auto* const event = objc::sendToClass<"EKEvent", "eventWithEventStore:", EKEvent*>(store_.get());
+    auto* const event = objc::sendToClass<EKEvent, "eventWithEventStore:", EKEvent*>(store_.get());
     objc::send<"setCalendar:">(event, calendar);
     objc::send<"setTitle:">(event, title);
     objc::send<"setStartDate:">(event, date(start));

@@ -74,8 +74,8 @@ TEST(Clock, DelayedCallsRunOnRealTimeUnderAFixedClock) {
   object->performSelector(sel_registerName("call"), nullptr, 0.05);
   id const loop = objc::sendToClass<"NSRunLoop", "currentRunLoop", id>();
   const auto runFor = [&](double seconds) {
-    objc::send<"runUntilDate:">(
-        loop, objc::sendToClass<"NSDate", "dateWithTimeIntervalSinceNow:", NSDate*>(seconds));
+    objc::send<"runUntilDate:">(loop,
+                                objc::sendToClass<NSDate, "dateWithTimeIntervalSinceNow:", NSDate*>(seconds));
   };
   runFor(0.01);
   EXPECT_EQ(calls, 0);

@@ -118,8 +118,8 @@ TEST_F(ReadingPropertyLists, MutableClassesGiveWhatCanBeChangedAtEveryLevel) {
   static_cast<NSMutableArray*>(changeable->objectForKey("list"_ns))->addObject("y"_ns);
   EXPECT_EQ(static_cast<NSArray*>(changeable->objectForKey("list"_ns))->count(), 2U);
   NSDictionary* const fixed = dictionary(bytes);
-  EXPECT_FALSE(fixed->isKindOfClass(objc::classNamed<"NSMutableDictionary">()));
-  EXPECT_FALSE(fixed->objectForKey("list"_ns)->isKindOfClass(objc::classNamed<"NSMutableArray">()));
+  EXPECT_FALSE(fixed->isKindOfClass(objc::classOf<NSMutableDictionary>()));
+  EXPECT_FALSE(fixed->objectForKey("list"_ns)->isKindOfClass(objc::classOf<NSMutableArray>()));
 }
 
 TEST_F(ReadingPropertyLists, BadFilesAreNone) {

@@ -100,7 +100,7 @@ TEST_F(WritingPropertyLists, WhatNoFileCanHoldFailsAndLeavesTheOldFile) {
     outer->addObject(deep);
     deep = outer;
   }
-  const auto unsignedNumber = objc::sendToClass<"NSNumber", "numberWithUnsignedLongLong:", NSObject*>(
+  const auto unsignedNumber = objc::sendToClass<NSNumber, "numberWithUnsignedLongLong:", NSObject*>(
       std::numeric_limits<unsigned long long>::max());
   NSString* const withZero = NSString::stringWithFormat("a%Cb"_ns, 0);
   ASSERT_EQ(withZero->length(), 3U);

@@ -66,9 +66,7 @@ class Berlin : public testing::Test {
  protected:
   Berlin() { startFoundation({.root = "/phone", .timeZone = "Europe/Berlin"}); }
 
-  static NSDateComponents* components() {
-    return objc::make<NSDateComponents, "NSDateComponents">().autorelease();
-  }
+  static NSDateComponents* components() { return objc::make<NSDateComponents>().autorelease(); }
   static NSDate* at(NSInteger month, NSInteger day, NSInteger hour, NSInteger minute = 0,
                     NSInteger second = 0) {
     NSDateComponents* const parts = components();

@@ -62,7 +62,7 @@ TEST(Url, MendedUrlBehavesAsOneWithoutPath) {
   EXPECT_EQ(part("path"), "");
   EXPECT_EQ(part("query"), "date=2014-3-7");
   EXPECT_EQ(part("description"), "fantastical2://show?date=2014-3-7");
-  EXPECT_TRUE(url->isKindOfClass(objc::classNamed<"NSURL">()));
+  EXPECT_TRUE(url->isKindOfClass(objc::classOf<NSURL>()));
   const auto copy = objc::Owned<NSURL>::adopt(objc::send<"copy", NSURL*>(url));
   EXPECT_TRUE(url->isEqual(copy.get()));
   EXPECT_TRUE(url->isEqual(NSURL::URLWithString("fantastical2://show?date=2014-3-7"_ns)));

@@ -58,13 +58,13 @@ TEST(DateTexts, tellWhenATimeComesAndHowLongAgoAMessageCame) {
       {"2d ago", kFridayNoon - 2 * kDay, 0, false},
   };
   for (const auto& expected : cases) {
-    auto bulletin = objc::make<BBBulletin, "BBBulletin">();
+    auto bulletin = objc::make<BBBulletin>();
     bulletin->setDate(at(expected.date));
     bulletin->setDateIsAllDay(expected.isAllDay);
     if (expected.length > 0) bulletin->setEndDate(at(expected.date + expected.length));
     EXPECT_STREQ(relevanceText(bulletin.get())->UTF8String(), expected.text);
   }
-  EXPECT_EQ(relevanceText(objc::make<BBBulletin, "BBBulletin">().get()), nullptr);
+  EXPECT_EQ(relevanceText(objc::make<BBBulletin>().get()), nullptr);
   EXPECT_STREQ(clockText(at(kMidnight + 5 * kMinute))->UTF8String(), "0:05");
   EXPECT_STREQ(dayText(at(kFridayNoon))->UTF8String(), "Friday, March 7");
 }

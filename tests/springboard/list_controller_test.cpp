@@ -33,7 +33,7 @@ NSDate* at(double seconds) { return NSDate::dateWithTimeIntervalSinceReferenceDa
 
 objc::Owned<BBBulletin> record(const std::string& identifier, const std::string& title,
                                NSDate* published = nullptr) {
-  auto bulletin = objc::make<BBBulletin, "BBBulletin">();
+  auto bulletin = objc::make<BBBulletin>();
   if (!identifier.empty()) bulletin->setBulletinID(text(identifier));
   bulletin->setTitle(text(title));
   bulletin->setPublicationDate(published);

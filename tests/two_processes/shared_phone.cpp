@@ -23,8 +23,7 @@ constexpr char kCalendarPreferences[] = "com.apple.mobilecal.plist";
 SharedPhone::SharedPhone(std::string release) : release_(std::move(release)) {
   std::filesystem::create_directories(preferences());
   const AutoreleasePool pool;
-  writePropertyList(objc::make<NSMutableDictionary, "NSMutableDictionary">().get(),
-                    preferences() / kCalendarPreferences);
+  writePropertyList(objc::make<NSMutableDictionary>().get(), preferences() / kCalendarPreferences);
 }
 
 HostOptions SharedPhone::options() const {
@@ -56,7 +55,7 @@ void SharedPhone::flip(const std::string& event, int times) const {
 
 void SharedPhone::writeStore(const std::vector<std::string>& keys) const {
   const AutoreleasePool pool;
-  auto entries = objc::make<NSMutableDictionary, "NSMutableDictionary">();
+  auto entries = objc::make<NSMutableDictionary>();
   for (const std::string& key : keys) {
     entries->setObject("N"_ns, NSString::stringWithUTF8String(key.c_str()));
   }
@@ -66,7 +65,7 @@ void SharedPhone::writeStore(const std::vector<std::string>& keys) const {
 std::set<std::string> SharedPhone::readStore() const {
   const AutoreleasePool pool;
   const auto root = readPropertyList(store());
-  if (!root->isKindOfClass(objc::classNamed<"NSDictionary">())) {
+  if (!root->isKindOfClass(objc::classOf<NSDictionary>())) {
     throw std::runtime_error("The store is no dictionary.");
   }
   std::set<std::string> keys;

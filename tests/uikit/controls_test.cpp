@@ -4,6 +4,7 @@
 #include "phone/uikit/ui_switch.h"
 #include "phone/uikit/ui_view.h"
 #include "platform/uikit/ui_table_view_cell.h"
+#include "platform/uikit/ui_tap_gesture_recognizer.h"
 #include "tests/uikit/uikit_test.h"
 
 namespace phone {
@@ -45,7 +46,7 @@ class Controls : public UIKitTest {
 };
 
 TEST_F(Controls, OnlyItsUsersFlipTellsASwitchsTargets) {
-  const auto toggle = objc::make<UISwitch, "UISwitch">();
+  const auto toggle = objc::make<UISwitch>();
   toggle->addTarget(listener_.get(), objc::selector<"switchChanged:">(), UISwitch::kValueChanged);
   toggle->setOn(true);
   EXPECT_EQ(heard().calls, 0);
@@ -64,8 +65,8 @@ TEST_F(Controls, OnlyItsUsersFlipTellsASwitchsTargets) {
 }
 
 TEST_F(Controls, SwitchKeepsItsSizeAndItsDistanceFromTheRightEdgeOfItsCell) {
-  const auto cell = objc::make<UITableViewCell, "UITableViewCell">();
-  const auto toggle = objc::make<UISwitch, "UISwitch">();
+  const auto cell = objc::make<UITableViewCell>();
+  const auto toggle = objc::make<UISwitch>();
   const CGSize fitting = toggle->sizeThatFits({});
   EXPECT_EQ(fitting.width, 51);
   EXPECT_EQ(fitting.height, 31);
@@ -83,8 +84,7 @@ TEST_F(Controls, SwitchKeepsItsSizeAndItsDistanceFromTheRightEdgeOfItsCell) {
 TEST_F(Controls, TapReachesTheRecogniserOfItsViewOnly) {
   const auto view = makeView<UIView, "UIView">();
   const auto recognizer = objc::Owned<NSObject>::adopt(objc::send<"initWithTarget:action:", NSObject*>(
-      objc::sendToClass<"UITapGestureRecognizer", "alloc", id>(), listener_.get(),
-      objc::selector<"tapped">()));
+      objc::sendToClass<UITapGestureRecognizer, "alloc", id>(), listener_.get(), objc::selector<"tapped">()));
   EXPECT_FALSE(tapView(view.get()));
   objc::send<"addGestureRecognizer:">(view.get(), recognizer.get());
   EXPECT_TRUE(tapView(view.get()));
@@ -94,7 +94,7 @@ TEST_F(Controls, TapReachesTheRecogniserOfItsViewOnly) {
 TEST_F(Controls, AlertStaysUntilItsButtonIsTapped) {
   const auto alert = objc::Owned<UIAlertView>::adopt(
       objc::send<"initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:", UIAlertView*>(
-          objc::sendToClass<"UIAlertView", "alloc", id>(), "Title"_ns, "Message"_ns, listener_.get(), "OK"_ns,
+          objc::sendToClass<UIAlertView, "alloc", id>(), "Title"_ns, "Message"_ns, listener_.get(), "OK"_ns,
           static_cast<NSString*>(nullptr)));
   EXPECT_TRUE(shownAlerts().empty());
   alert->show();

@@ -32,7 +32,7 @@ UITableViewCell* cellForRow(NSObject* self, SEL, UITableView* table, NSIndexPath
   ++source.cellsMade;
   return objc::Owned<UITableViewCell>::adopt(
              objc::send<"initWithStyle:reuseIdentifier:", UITableViewCell*>(
-                 objc::sendToClass<"UITableViewCell", "alloc", id>(), NSInteger{0}, source.identifier))
+                 objc::sendToClass<UITableViewCell, "alloc", id>(), NSInteger{0}, source.identifier))
       .autorelease();
 }
 void didSelect(NSObject* self, SEL, UITableView*, NSIndexPath* path) {

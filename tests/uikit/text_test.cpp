@@ -33,12 +33,12 @@ class Text : public UIKitTest {
     return sizeWithFont(text, UIFont::systemFontOfSize(points)).height;
   }
   static NSString* units(std::vector<char16_t> characters) {
-    return objc::sendToClass<"NSString", "stringWithCharacters:length:", NSString*>(
+    return objc::sendToClass<NSString, "stringWithCharacters:length:", NSString*>(
         characters.data(), NSUInteger{characters.size()});
   }
 
   static UIFont* boldFont(double points) {
-    return objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{points});
+    return objc::sendToClass<UIFont, "boldSystemFontOfSize:", UIFont*>(CGFloat{points});
   }
 
   /// A label of that width with the text in black on white, at two pixels a point.

@@ -13,7 +13,7 @@ TAVIMO_OWN_WORK bool staysOpaque(SBLockScreenBulletinCell* cell, CGFloat alpha) 
   NSIndexPath* const indexPath = indexPathOfCell(cell);
   if (indexPath->row() == 0 && indexPath->section() == 0) return true;
   if (ownRecordOf(listItemAt(indexPath)) == nullptr) return false;
-  logDebug<"%@ cell setContentAlpha, setting to custom. Orig = %f">(static_cast<double>(alpha));
+  TAVIMO_DEBUG(log<"cell setContentAlpha, setting to custom. Orig = %f">(static_cast<double>(alpha)));
   return true;
 }
 

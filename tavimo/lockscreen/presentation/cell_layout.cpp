@@ -44,11 +44,11 @@ CGSize textSizeOf(UILabel* label) { return sizeWithFont(label->text(), label->fo
 double dateLeft(double width, double titleWidth, double dateWidth) {
   if (rightAlignedDate) {
     const double x = (width - dateWidth) + -kRightMargin;
-    logDebug<"%@ date is right aligned, x=%f">(x);
+    TAVIMO_DEBUG(log<"date is right aligned, x=%f">(x));
     return x;
   }
   const double x = titleWidth + kTextLeft + kTitleDateGap;
-  logDebug<"%@ date is not right aligned, x=%f">(x);
+  TAVIMO_DEBUG(log<"date is not right aligned, x=%f">(x));
   return x;
 }
 
@@ -61,10 +61,8 @@ void placeLabels(SBLockScreenBulletinCell* cell) {
   const CGSize date = textSizeOf(dateLabel);
   const CGSize title = textSizeOf(titleLabel);
   const CGSize subtitle = textSizeOf(subtitleLabel);
-  if (debugMode) {
-    logAlways("%@ needed date size: %@, needed title size: %@, needed subtitle size: %@"_ns,
-              NSStringFromCGSize(date), NSStringFromCGSize(title), NSStringFromCGSize(subtitle));
-  }
+  TAVIMO_DEBUG(log<"needed date size: %@, needed title size: %@, needed subtitle size: %@">(
+      NSStringFromCGSize(date), NSStringFromCGSize(title), NSStringFromCGSize(subtitle)));
 
   const double width = cell->contentBounds().size.width;
   const double firstLineBottom = std::max<double>(title.height, date.height) + kSpaceAboveFirstLine;
@@ -75,13 +73,13 @@ void placeLabels(SBLockScreenBulletinCell* cell) {
   const CGRect dateFrame =
       rect(dateLeft(width, titleWidth, date.width), firstLineBottom - date.height, date.width, date.height);
   dateLabel->setFrame(dateFrame);
-  if (debugMode) logAlways("%@ date frame is %@"_ns, NSStringFromCGRect(dateFrame));
+  TAVIMO_DEBUG(log<"date frame is %@">(NSStringFromCGRect(dateFrame)));
 
   const CGRect subtitleFrame =
       rect(kTextLeft, (firstLineBottom - title.height) + title.height + kSpaceBetweenLines,
            std::min<double>(subtitle.width, widest), subtitle.height);
   subtitleLabel->setFrame(subtitleFrame);
-  if (debugMode) logAlways("%@ subtitle frame is %@"_ns, NSStringFromCGRect(subtitleFrame));
+  TAVIMO_DEBUG(log<"subtitle frame is %@">(NSStringFromCGRect(subtitleFrame)));
 
   cellWithoutSubtitleHeight = title.height + kSpaceAboveFirstLine + kSpaceBelowLastLine;
   cellWithSubtitleHeight =
@@ -90,22 +88,22 @@ void placeLabels(SBLockScreenBulletinCell* cell) {
 
 void setSeparators(SBLockScreenBulletinCell* cell) {
   if (isIos8OrLater()) {
-    logDebug<"%@ iOS 8+ separators">();
+    TAVIMO_DEBUG(log<"iOS 8+ separators">());
     cell->setSeparatorHidden(!showSeparatorLines);
     cell->setDrawsSeparatorAtTopOfSection(false);
   } else {
-    logDebug<"%@ iOS 7.1- separators">();
+    TAVIMO_DEBUG(log<"iOS 7.1- separators">());
     cell->setDrawsSeparators(showSeparatorLines);
   }
 }
 
 TAVIMO_OWN_WORK void layOutOwnCell(SBLockScreenBulletinCell* cell) {
   NSObject* const item = listItemAt(indexPathOfCell(cell));
-  NSLog("cell layoutSubviews. item class=%@. secondary color=%@"_ns,
-        NSStringFromClass(objc::send<"class", Class>(item)), cell->secondaryLabel()->textColor());
+  logBare<"cell layoutSubviews. item class=%@. secondary color=%@">(
+      NSStringFromClass(objc::send<"class", Class>(item)), cell->secondaryLabel()->textColor());
   BBBulletin* const bulletin = ownRecordOf(item);
   if (bulletin == nullptr) return;
-  logDebug<"%@ cell layoutSubviews, detected TVM cell">();
+  TAVIMO_DEBUG(log<"cell layoutSubviews, detected TVM cell">());
   styleLabels(cell, bulletin);
   placeLabels(cell);
   setSeparators(cell);

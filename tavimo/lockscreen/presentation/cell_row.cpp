@@ -10,7 +10,7 @@ constexpr int kDeepestHierarchy = 256;
 }  // namespace
 
 UITableView* tableViewForCell(UIView* view) {
-  Class const tableViews = objc::classNamed<"UITableView">();
+  Class const tableViews = objc::classOf<UITableView>();
   UIView* ancestor = view->superview();
   for (int depth = 0; ancestor != nullptr && depth < kDeepestHierarchy; ++depth) {
     if (ancestor->isKindOfClass(tableViews)) return static_cast<UITableView*>(ancestor);

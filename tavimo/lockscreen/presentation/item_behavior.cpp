@@ -1,10 +1,11 @@
 #include "tavimo/lockscreen/presentation/item_behavior.h"
 
+#include "contract/settings.h"
 #include "tavimo/lockscreen/color_tag.h"
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/lockscreen/pass_through.h"
-#include "tavimo/settings/image_utilities.h"
 #include "tavimo/settings/log.h"
+#include "tavimo/support/image_utilities.h"
 
 namespace tavimo {
 
@@ -18,7 +19,7 @@ constexpr double kLargeDotDiameter = 50.0;
 /// it; while disabled, that only serves the debug message.
 TAVIMO_OWN_WORK BBBulletin* ownRecord(SBAwayBulletinListItem* item) {
   if (!item->respondsToSelector(objc::selector<"activeBulletin">())) {
-    logDebug<"%@ SBAwayBulletinListItem not responding to the required selector, ignoring">();
+    TAVIMO_DEBUG(log<"SBAwayBulletinListItem not responding to the required selector, ignoring">());
     return nullptr;
   }
   if (!isEnabled) return nullptr;
@@ -33,9 +34,10 @@ UIImage* dot(BBBulletin* bulletin, double diameter) {
 TAVIMO_OWN_WORK UIImage* iconImageWhenAsking(SBAwayBulletinListItem* item, SEL selector) {
   BBBulletin* const bulletin = ownRecord(item);
   if (bulletin == nullptr) return iconImageDisplaced(item, selector);
-  if (iconFile->isEqualToString("NONE"_ns)) return nullptr;
-  if (iconFile->isEqualToString("DOT"_ns)) return dot(bulletin, kDotDiameter);
-  if (iconFile->isEqualToString("DOT_LARGE"_ns)) return dot(bulletin, kLargeDotDiameter);
+  if (iconFile->isEqualToString(constantText<contract::kNoIcon>())) return nullptr;
+  if (iconFile->isEqualToString(constantText<contract::kDotIcon>())) return dot(bulletin, kDotDiameter);
+  if (iconFile->isEqualToString(constantText<contract::kLargeDotIcon>()))
+    return dot(bulletin, kLargeDotDiameter);
   return icon;
 }
 
@@ -43,7 +45,7 @@ TAVIMO_OWN_WORK bool isOwnRow(NSIndexPath* indexPath) {
   SBAwayBulletinListItem* const item = asBulletinListItem(listItemAt(indexPath));
   if (item == nullptr) return false;
   BBBulletin* const bulletin = recordOf(item);
-  if (debugMode) NSLog("Cell active bulletin: %@"_ns, bulletin->bulletinID());
+  TAVIMO_DEBUG(logBare<"Cell active bulletin: %@">(bulletin->bulletinID()));
   return publisherOf(bulletin) == Publisher::kOwn;
 }
 

@@ -1,5 +1,6 @@
 #include "tavimo/lockscreen/presentation/row_height.h"
 
+#include "contract/settings.h"
 #include "platform/foundation/ns_mutable_dictionary.h"
 #include "platform/foundation/ns_number.h"
 #include "platform/objc/ivar.h"
@@ -8,7 +9,6 @@
 #include "tavimo/lockscreen/lock_screen_state.h"
 #include "tavimo/lockscreen/pass_through.h"
 #include "tavimo/lockscreen/presentation/cell_metrics.h"
-#include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
 
 namespace tavimo {
@@ -22,7 +22,7 @@ double lineHeight(NSInteger points) {
 double ownRowHeight(BBBulletin* bulletin) {
   const double titleHeight = lineHeight(textSize);
   const bool hasSecondLine =
-      displayLocation && (sameHeightRows || asText(bulletin->subtitle())->length() > 0);
+      displayLocation && (sameHeightRows || objc::asKind<NSString>(bulletin->subtitle())->length() > 0);
   if (!hasSecondLine) return titleHeight + kSpaceAboveFirstLine + kSpaceBelowLastLine;
   return titleHeight + lineHeight(subtitleTextSize) + kSpaceAboveFirstLine + kSpaceBelowLastLine;
 }
@@ -31,24 +31,23 @@ double ownRowHeight(BBBulletin* bulletin) {
 BBBulletin* ownRecordOfRow(NSObject* item) {
   SBAwayBulletinListItem* const listItem = asBulletinListItem(item);
   if (listItem == nullptr) {
-    logDebug<"%@ heightForRowAtIndexPath item is NOT of expected class">();
+    TAVIMO_DEBUG(log<"heightForRowAtIndexPath item is NOT of expected class">());
     return nullptr;
   }
   BBBulletin* const bulletin = recordOf(listItem);
   if (publisherOf(bulletin) == Publisher::kOwn) return bulletin;
-  if (debugMode) {
-    logAlways("%@ heightForRowAtIndexPath, this is NOT our item, id is %@"_ns, bulletin->bulletinID());
-  }
+  TAVIMO_DEBUG(log<"heightForRowAtIndexPath, this is NOT our item, id is %@">(bulletin->bulletinID()));
   return nullptr;
 }
 
 TAVIMO_OWN_WORK CGFloat heightWhileEnabled(SBLockScreenNotificationListView* self, SEL selector,
                                            UITableView* tableView, NSIndexPath* indexPath) {
-  logDebug<"%@ heightForRowAtIndexPath">();
+  TAVIMO_DEBUG(log<"heightForRowAtIndexPath">());
   NSObject* const item = listItemAt(indexPath);
   BBBulletin* const bulletin = ownRecordOfRow(item);
   if (bulletin == nullptr) {
-    if (wallpaperBlurMode == 1) sBLockScreenView->addLockContentUnderlay("OrvNotificationList"_ns);
+    if (wallpaperBlurMode == contract::kBlurNotForEventsAlone)
+      sBLockScreenView->addLockContentUnderlay("OrvNotificationList"_ns);
     return heightForRowDisplaced(self, selector, tableView, indexPath);
   }
   const double height = ownRowHeight(bulletin);

@@ -19,13 +19,13 @@ UIColor* colorOf(EKCalendar* calendar) {
 void setOrderingDates(BBBulletin* bulletin, NSUInteger position) {
   bulletin->setPublicationDate(orderingDate(position));
   bulletin->setLastInterruptDate(orderingDate(position));
-  logDebug<"%@ bulletin last interrupt date: %@">(bulletin->lastInterruptDate());
+  TAVIMO_DEBUG(log<"bulletin last interrupt date: %@">(bulletin->lastInterruptDate()));
 }
 
 }  // namespace
 
 objc::Owned<BBBulletin> bulletinForEvent(EKEvent* event, NSUInteger position) {
-  auto bulletin = objc::make<BBBulletin, "BBBulletin">();
+  auto bulletin = objc::make<BBBulletin>();
   bulletin->setTitle(event->title());
   bulletin->setMessage(colorTag(colorOf(event->calendar())));
   bulletin->setShowsMessagePreview(true);

@@ -1,5 +1,6 @@
 #include "tavimo/lockscreen/publishing/launch_action.h"
 
+#include "contract/settings.h"
 #include "platform/eventkit/ek_persistent_event.h"
 #include "platform/foundation/ns_calendar.h"
 #include "platform/foundation/ns_date.h"
@@ -10,8 +11,6 @@
 namespace tavimo {
 
 namespace {
-
-enum SwipeAction : NSInteger { kOpenEvent = 1, kOpenDayInFantastical = 2, kOpenApplication = 3 };
 
 BBAction* actionForURL(NSString* text) {
   NSURL* const url = NSURL::URLWithString(text);
@@ -29,7 +28,7 @@ BBAction* openEvent(EKEvent* event) {
   if (detached.location != NSNotFound) path = path->substringToIndex(detached.location);
   NSString* const address = NSString::stringWithFormat("x-apple-calevent://%@?o=%.1f"_ns, path,
                                                        start->timeIntervalSinceReferenceDate());
-  if (debugMode) NSLog("TVM: event identifier: %@, URL: %@"_ns, identifier, address);
+  TAVIMO_DEBUG(log<"event identifier: %@, URL: %@">(identifier, address));
   return actionForURL(address);
 }
 
@@ -46,11 +45,11 @@ BBAction* openDayInFantastical(EKEvent* event) {
 
 BBAction* launchAction(EKEvent* event) {
   switch (swipeAction) {
-    case kOpenEvent:
+    case contract::kOpenEvent:
       return openEvent(event);
-    case kOpenDayInFantastical:
+    case contract::kOpenDayInFantastical:
       return openDayInFantastical(event);
-    case kOpenApplication:
+    case contract::kOpenApplication:
       return customLaunchAppBundleID->length() == 0
                  ? nullptr
                  : BBAction::actionWithLaunchBundleID(customLaunchAppBundleID, nullptr);

@@ -5,7 +5,6 @@
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/lockscreen/lock_screen_state.h"
 #include "tavimo/lockscreen/pass_through.h"
-#include "tavimo/settings/checked_objects.h"
 #include "tavimo/settings/log.h"
 
 namespace tavimo {
@@ -17,7 +16,7 @@ constexpr double kRemovalDelaySeconds = 5.0;
 
 /// The records of the own items, in list order. Collected before any is removed: removing changes the list.
 objc::Owned<NSMutableArray> ownBulletins(NSArray* listItems) {
-  auto bulletins = objc::make<NSMutableArray, "NSMutableArray">();
+  auto bulletins = objc::make<NSMutableArray>();
   const NSUInteger count = listItems->count();
   for (NSUInteger i = 0; i < count; ++i) {
     BBBulletin* const bulletin = ownRecordOf(listItems->objectAtIndex(i));
@@ -27,11 +26,11 @@ objc::Owned<NSMutableArray> ownBulletins(NSArray* listItems) {
 }
 
 TAVIMO_OWN_WORK void followPlugin(SBLockScreenPluginOverlayContext* context, NSString* pluginName) {
-  if (asText(pluginName)->isEqualToString("NowPlayingArtLockScreen"_ns)) {
-    logDebug<"%@ detected Now Playing Screen">();
+  if (objc::asKind<NSString>(pluginName)->isEqualToString("NowPlayingArtLockScreen"_ns)) {
+    TAVIMO_DEBUG(log<"detected Now Playing Screen">());
     context->performSelector(objc::selector<"removeCustomBulletins">(), nullptr, kRemovalDelaySeconds);
   } else {
-    logDebug<"%@ SBLockScreenPluginOverlayContext plugin is %@">(pluginName);
+    TAVIMO_DEBUG(log<"SBLockScreenPluginOverlayContext plugin is %@">(pluginName));
   }
 }
 
@@ -46,16 +45,17 @@ id initWithPluginName(SBLockScreenPluginOverlayContext* self, SEL selector, NSSt
 void removeCustomBulletins(SBLockScreenPluginOverlayContext* /*self*/, SEL /*selector*/) {
   SBLockScreenNotificationListController* const controller = sBLockScreenNotificationListController;
   if (controller == nullptr) {
-    logDebug<"%@ hideOnNowPlayingScreen is enabled, but SBLockScreenNotificationListController is nil!">();
+    TAVIMO_DEBUG(
+        log<"hideOnNowPlayingScreen is enabled, but SBLockScreenNotificationListController is nil!">());
     return;
   }
   auto* const listItems = objc::readIvar<NSArray>(controller, "_listItems");
-  logDebug<"%@ SBLockScreenPluginOverlayContext listitems count=%lu, tvm count=%ld">(listItems->count(),
-                                                                                     tvmItemsCount);
+  TAVIMO_DEBUG(log<"SBLockScreenPluginOverlayContext listitems count=%lu, tvm count=%ld">(listItems->count(),
+                                                                                          tvmItemsCount));
   if (tvmItemsCount < 1) return;
   const objc::Owned<NSMutableArray> bulletins = ownBulletins(listItems);
   const NSUInteger count = bulletins->count();
-  logDebug<"%@ SBLockScreenPluginOverlayContext removing %lu bulletins">(count);
+  TAVIMO_DEBUG(log<"SBLockScreenPluginOverlayContext removing %lu bulletins">(count));
   for (NSUInteger i = 0; i < count; ++i) {
     controller->removeBulletin(objc::readIvar<NSObject>(controller, "_observer"),
                                static_cast<BBBulletin*>(bulletins->objectAtIndex(i)));

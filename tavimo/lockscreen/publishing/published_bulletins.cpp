@@ -24,7 +24,7 @@ constexpr NSUInteger kFeed = 0;
 
 /// The records of the last load, in the order built; made at the first load.
 NSMutableArray* publishedBulletins() {
-  static NSMutableArray* const bulletins = objc::make<NSMutableArray, "NSMutableArray">().relinquish();
+  static NSMutableArray* const bulletins = objc::make<NSMutableArray>().relinquish();
   return bulletins;
 }
 
@@ -39,7 +39,7 @@ void handOver(SBLockScreenNotificationListController* controller, BBBulletin* bu
                  objc::selector<"observer:addBulletin:forFeed:playLightsAndSirens:withReply:">())) {
     controller->addBulletin(observerOf(controller), bulletin, kFeed, false, nullptr);
   } else {
-    logAlways("%@ list controller not responding to known selectors!"_ns);
+    log<"list controller not responding to known selectors!">();
   }
 }
 
@@ -59,19 +59,19 @@ void withdrawBulletins(SBLockScreenNotificationListController* controller) {
 
 void publishEvents(SBLockScreenNotificationListController* controller) {
   // In this order: the pool lets go of the events, and of what they were asked for, before their store goes.
-  const auto store = objc::make<EKEventStore, "EKEventStore">();
+  const auto store = objc::make<EKEventStore>();
   const AutoreleasePool pool;
   const objc::Owned<NSArray> events = fetchCalendarEvents(store.get());
   const NSUInteger count = events->count();
   tvmItemsCount = static_cast<NSInteger>(count);
   NSDictionary* const hiddenEvents = loadHiddenEvents();
-  logAlways("%@ hidden events:\r\n %@"_ns, hiddenEvents);
+  log<"hidden events:\r\n %@">(hiddenEvents);
   // A hidden event keeps its index: identifiers and ordering dates follow the query, not the list.
   for (NSUInteger i = 0; i < count; ++i) {
     auto* const event = static_cast<EKEvent*>(events->objectAtIndex(i));
-    logAlways("%@ adding calendar event '%@', start at %@"_ns, event->title(), event->startDate());
+    log<"adding calendar event '%@', start at %@">(event->title(), event->startDate());
     if (isHiddenEvent(hiddenEvents, hiddenEventKey(event->externalURL()->absoluteString()))) {
-      logAlways("%@ hiding calendar event '%@'"_ns, event->title());
+      log<"hiding calendar event '%@'">(event->title());
       continue;
     }
     const objc::Owned<BBBulletin> bulletin = bulletinForEvent(event, i);

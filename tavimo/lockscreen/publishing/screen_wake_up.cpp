@@ -1,6 +1,6 @@
 #include "tavimo/lockscreen/publishing/screen_wake_up.h"
 
-#include "platform/objc/class_name.h"
+#include "platform/objc/class_of.h"
 #include "platform/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/lockscreen/pass_through.h"
@@ -12,19 +12,17 @@ namespace {
 
 /// The record that asks for the screen, or none when the argument is of a class without one.
 BBBulletin* bulletinBehind(NSObject* item) {
-  if (objc::isOfClass(item, "BBBulletin")) return static_cast<BBBulletin*>(item);
-  if (objc::isOfClass(item, "SBLockScreenNotificationBulletinBannerItem")) {
-    return recordOf(static_cast<SBLockScreenNotificationBulletinBannerItem*>(item)->bulletinListItem());
+  if (auto* const bulletin = objc::exactly<BBBulletin>(item)) return bulletin;
+  if (auto* const bannerItem = objc::exactly<SBLockScreenNotificationBulletinBannerItem>(item)) {
+    return recordOf(bannerItem->bulletinListItem());
   }
-  if (debugMode) {
-    NSLog(
-        "TVM: SBLockScreenNotificationListController turnOnScreenIfNecessaryForItem arg does not have bbulettin. "_ns);
-  }
+  TAVIMO_DEBUG(log<"SBLockScreenNotificationListController turnOnScreenIfNecessaryForItem arg does not have "
+                   "bbulettin. ">());
   return nullptr;
 }
 
 TAVIMO_OWN_WORK bool isAskedByOwn(NSObject* item) {
-  if (debugMode) NSLog("TVM: SBLockScreenNotificationListController turnOnScreenIfNecessaryForItem."_ns);
+  TAVIMO_DEBUG(log<"SBLockScreenNotificationListController turnOnScreenIfNecessaryForItem.">());
   return publisherOf(bulletinBehind(item)) == Publisher::kOwn;
 }
 

@@ -77,7 +77,7 @@ TEST(DetailItem, KeepsItsPropertiesAndNoVariables) {
     EXPECT_EQ(object(), nullptr) << getter;
   }
   // The base class is as it was.
-  const auto plain = objc::make<EKEventDetailItem, "EKEventDetailItem">();
+  const auto plain = objc::make<EKEventDetailItem>();
   EXPECT_EQ(cellOf(plain.get()), nullptr);
   EXPECT_FALSE(plain->respondsToSelector(sel_registerName("switchChanged:")));
   plain->setEvent(nullptr, nullptr);

@@ -79,7 +79,7 @@ TEST(EditListGroups, ThatAreOfAnotherFormAreLeftAlone) {
   NSMutableArray* const words = NSMutableArray::array();
   for (int i = 0; i < 4; ++i) words->addObject("no group"_ns);
   NSArray* const immutable =
-      objc::sendToClass<"NSArray", "arrayWithArray:", NSArray*>(static_cast<NSArray*>(words));
+      objc::sendToClass<NSArray, "arrayWithArray:", NSArray*>(static_cast<NSArray*>(words));
   for (NSObject* const odd : {static_cast<NSObject*>(words), static_cast<NSObject*>(immutable),
                               static_cast<NSObject*>("no array"_ns), static_cast<NSObject*>(nullptr)}) {
     const auto editor = phone.editor(event.get(), {.oddGroups = odd});

@@ -39,7 +39,7 @@ CGSize noteSizeAsked(UISwitch* self, SEL selector, CGSize size) {
 
 TEST(Rows, AskTheirSwitchForItsSizeWithoutBounds) {
   RecordingCalendar phone;
-  hookMethod(objc::classNamed<"UISwitch">(), "sizeThatFits:", noteSizeAsked, sizeThatFitsDisplaced);
+  hookMethod(objc::classOf<UISwitch>(), "sizeThatFits:", noteSizeAsked, sizeThatFitsDisplaced);
   for (const char* const itemClass : {"EKEventOrvItem", "EKEventDetailItemOrv"}) {
     sizesAsked.clear();
     cellOf(objc::Owned<NSObject>::adopt(objc::send<"new", NSObject*>(objc_getClass(itemClass))).get());

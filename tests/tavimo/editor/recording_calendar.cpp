@@ -53,7 +53,7 @@ void addItems(NSMutableArray* items, const char* className, std::size_t count) {
 
 /// Immutable, as most hosts' lists are.
 NSArray* frozen(NSMutableArray* items) {
-  return objc::sendToClass<"NSArray", "arrayWithArray:", NSArray*>(static_cast<NSArray*>(items));
+  return objc::sendToClass<NSArray, "arrayWithArray:", NSArray*>(static_cast<NSArray*>(items));
 }
 
 void setCalendarItem(NSObject*, SEL, EKCalendarItem* item, EKEventStore* store) {
@@ -174,7 +174,7 @@ RecordingCalendar::RecordingCalendar(const CalendarShape& shape) {
 }
 
 objc::Owned<EKEvent> RecordingCalendar::event(std::optional<std::string> urlText) {
-  auto made = objc::make<EKEvent, "EKEvent">();
+  auto made = objc::make<EKEvent>();
   setUrlText(made.get(), std::move(urlText));
   return made;
 }
@@ -193,7 +193,7 @@ void RecordingCalendar::setTextlessUrl(EKCalendarItem* event) {
 }
 
 objc::Owned<EKEventEditor> RecordingCalendar::editor(EKCalendarItem* event, const EditorShape& shape) {
-  auto made = objc::make<EKEventEditor, "EKEventEditor">();
+  auto made = objc::make<EKEventEditor>();
   auto& editor = stateOf<EditorState>(made.get());
   editor.calendarItem = objc::Owned<EKCalendarItem>::retain(event);
   editor.parent = makeParent(shape.parentClass, makeParent(shape.grandparentClass, nullptr).get());
@@ -233,7 +233,7 @@ std::function<void()>& RecordingCalendar::whileCompleting() { return completion;
 std::function<void()>& RecordingCalendar::whileChangingViews() { return viewChange; }
 
 objc::Owned<EKEventViewController> RecordingCalendar::view(EKEvent* event, const Texts& itemClasses) {
-  auto made = objc::make<EKEventViewController, "EKEventViewController">();
+  auto made = objc::make<EKEventViewController>();
   stateOf<EventViewState>(made.get()).event = objc::Owned<EKEvent>::retain(event);
   setItems(made.get(), itemClasses);
   return made;
@@ -260,7 +260,7 @@ std::filesystem::path RecordingCalendar::storeFile() const {
 Store RecordingCalendar::store() const {
   if (!std::filesystem::is_regular_file(storeFile())) return {};
   const auto root = readPropertyList(storeFile());
-  if (!root->isKindOfClass(objc::classNamed<"NSDictionary">())) return {};
+  if (!root->isKindOfClass(objc::classOf<NSDictionary>())) return {};
   auto* const entries = static_cast<NSDictionary*>(root.get());
   NSArray* const keys = entries->allKeys();
   Store found(std::in_place);

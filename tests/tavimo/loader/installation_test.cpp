@@ -95,7 +95,7 @@ TEST_F(Installation, OtherProcessGetsTheEditorsEntriesAndTheDetailItemLast) {
   EXPECT_EQ(stepsAfterTheEditorsRow(), expected);
   EXPECT_TRUE(exists("EKEventOrvItem"));
 
-  const auto ofSuperclass = objc::make<EKEventDetailItem, "EKEventDetailItem">();
+  const auto ofSuperclass = objc::make<EKEventDetailItem>();
   ofSuperclass->setEvent(nullptr, nullptr);
   ofSuperclass->cellForSubitem(0);
   EXPECT_EQ(sentMessages(), (Lines{"setEvent:store: none none", "cellForSubitemAtIndex: 0"}));

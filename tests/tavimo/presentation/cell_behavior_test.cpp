@@ -5,7 +5,7 @@ namespace phone {
 namespace {
 
 void makeCell(NSString* reuseIdentifier) {
-  auto* const allocated = objc::sendToClass<"SBLockScreenBulletinCell", "alloc", id>();
+  auto* const allocated = objc::sendToClass<SBLockScreenBulletinCell, "alloc", id>();
   objc::Owned<NSObject>::adopt(
       objc::send<"initWithStyle:reuseIdentifier:", NSObject*>(allocated, NSInteger{3}, reuseIdentifier));
 }

@@ -146,8 +146,8 @@ TEST(CellLayout, SetsFontsAndColours) {
   setColor("textColor", UIColor::redColor());
   setColor("subtitleTextColor", UIColor::blueColor());
   setColor("dateTextColor", UIColor::brownColor());
-  cell->primaryLabel()->setFont(objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{30}));
-  UIFont* const expected = objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{19});
+  cell->primaryLabel()->setFont(objc::sendToClass<UIFont, "boldSystemFontOfSize:", UIFont*>(CGFloat{30}));
+  UIFont* const expected = objc::sendToClass<UIFont, "boldSystemFontOfSize:", UIFont*>(CGFloat{19});
   own.layOut();
   EXPECT_TRUE(cell->primaryLabel()->font()->isEqual(expected)) << "its own font at another size";
   EXPECT_EQ(cell->subtitleLabel()->font()->pointSize(), 13);

@@ -30,11 +30,11 @@ TEST(HostileHost, RecordsOfAnyContent) {
   exported<bool>("displayLocation") = true;
   const std::string endless(1'000'000, '|');
   const char16_t halfPair[] = {'T', 'V', 'M', '|', 0xD800, '#', 'F', 'F', 0, '|', 0xDC00, '|'};
-  NSString* const broken = objc::sendToClass<"NSString", "stringWithCharacters:length:", NSString*>(
+  NSString* const broken = objc::sendToClass<NSString, "stringWithCharacters:length:", NSString*>(
       static_cast<const char16_t*>(halfPair), NSUInteger{12});
   NSString* const number = reinterpret_cast<NSString*>(NSNumber::numberWithInteger(7));
   const auto addWith = [&](NSString* identifier, NSString* content) {
-    const auto record = objc::make<BBBulletin, "BBBulletin">();
+    const auto record = objc::make<BBBulletin>();
     record->setBulletinID(identifier);
     record->setMessage(content);
     record->setSubtitle(content);

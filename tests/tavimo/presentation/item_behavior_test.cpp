@@ -63,7 +63,7 @@ TEST(Icon, DotHasTheColourOfTheTag) {
 
 TEST(Icon, FileIsTheSameForEveryRowAndNoneIsNone) {
   RecordingLockScreen phone;
-  const auto image = objc::make<UIImage, "UIImage">();
+  const auto image = objc::make<UIImage>();
   SBAwayBulletinListItem* const first = phone.add("Tavimo 0");
   SBAwayBulletinListItem* const second = phone.add("Tavimo 1", nullptr);
   exported<UIImage*>("icon") = image.get();
@@ -109,7 +109,7 @@ TEST(ItemBehavior, OwnItemsAreThoseWhoseIdentifierBeginsWithTheName) {
 TEST(ItemBehavior, ClassNameDecidesOnlyWhereAnItemIsLookedUpByRow) {
   RecordingLockScreen phone;
   setIconFile("NONE"_ns);
-  const auto record = objc::make<BBBulletin, "BBBulletin">();
+  const auto record = objc::make<BBBulletin>();
   record->setBulletinID("Tavimo 0"_ns);
   SBAwayBulletinListItem* const item = phone.addRecord(record.get(), "SBAwayBulletinListItemOfAnotherName");
   EXPECT_EQ(iconOf(item), nullptr);

@@ -80,15 +80,15 @@ ClassDefinition listViewClass(bool hasHeightCache) {
 }
 
 struct CellState {
-  objc::Owned<UILabel> primary = objc::make<UILabel, "UILabel">();
-  objc::Owned<UILabel> subtitle = objc::make<UILabel, "UILabel">();
-  objc::Owned<UILabel> secondary = objc::make<UILabel, "UILabel">();
-  objc::Owned<UILabel> date = objc::make<UILabel, "UILabel">();
+  objc::Owned<UILabel> primary = objc::make<UILabel>();
+  objc::Owned<UILabel> subtitle = objc::make<UILabel>();
+  objc::Owned<UILabel> secondary = objc::make<UILabel>();
+  objc::Owned<UILabel> date = objc::make<UILabel>();
 };
 
 id initWithStyle(NSObject* self, SEL, NSInteger style, NSString* reuseIdentifier) {
   record(("cell of style " + std::to_string(style)).c_str(), reuseIdentifier);
-  objc::writeIvar(self, "_unlockTextLabel", objc::make<UILabel, "UILabel">().get());
+  objc::writeIvar(self, "_unlockTextLabel", objc::make<UILabel>().get());
   objc::readIvar<UILabel>(self, "_unlockTextLabel")->setText("slide to open"_ns);
   return self;
 }
@@ -173,17 +173,16 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
   registerClass(lockScreenView());
   registerClass(overlayContext());
   registerClass(table());
-  hookMethod(objc::classNamed<"NSString">(), "sizeWithFont:", sizeWithFont, sizeWithFontDisplaced);
+  hookMethod(objc::classOf<NSString>(), "sizeWithFont:", sizeWithFont, sizeWithFontDisplaced);
   if (shape.beforePlugin) shape.beforePlugin();
   loadPlugin(pluginLibrary());
   exported<bool>("isEnabled") = true;
 
   items_ = objc::Owned<NSMutableArray>::retain(NSMutableArray::array());
-  controller_ =
-      objc::make<SBLockScreenNotificationListController, "SBLockScreenNotificationListController">();
+  controller_ = objc::make<SBLockScreenNotificationListController>();
   objc::writeIvar(controller_.get(), "_listItems", items_.get());
   exported<NSObject*>("sBLockScreenNotificationListController") = controller_.get();
-  listView_ = objc::make<SBLockScreenNotificationListView, "SBLockScreenNotificationListView">();
+  listView_ = objc::make<SBLockScreenNotificationListView>();
   objc::writeIvar(listView_.get(), "_heightForListItemCache", NSMutableDictionary::dictionary());
   view_ = makeView<SBLockScreenView, "SBLockScreenView">();
   table_ = objc::make<UITableView, "RecordedTable">();
@@ -191,7 +190,7 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
 
 SBAwayBulletinListItem* RecordingLockScreen::add(const char* identifier, const char* message,
                                                  const char* subtitle) {
-  const auto bulletin = objc::make<BBBulletin, "BBBulletin">();
+  const auto bulletin = objc::make<BBBulletin>();
   bulletin->setBulletinID(textOrNone(identifier));
   bulletin->setMessage(textOrNone(message));
   bulletin->setSubtitle(textOrNone(subtitle));
@@ -202,7 +201,7 @@ SBAwayBulletinListItem* RecordingLockScreen::addRecord(BBBulletin* bulletin, con
   auto* const allocated = objc::send<"alloc", id>(objc_getClass(itemClass));
   const auto added =
       objc::Owned<SBAwayBulletinListItem>::adopt(objc::send<"init", SBAwayBulletinListItem*>(allocated));
-  if (added->isKindOfClass(objc::classNamed<"SBAwayBulletinListItem">())) {
+  if (added->isKindOfClass(objc::classOf<SBAwayBulletinListItem>())) {
     stateOf<ItemState>(added.get()).activeBulletin = objc::Owned<BBBulletin>::retain(bulletin);
   }
   items_->addObject(added.get());
@@ -210,13 +209,13 @@ SBAwayBulletinListItem* RecordingLockScreen::addRecord(BBBulletin* bulletin, con
 }
 
 SBLockScreenBulletinCell* RecordingLockScreen::cellAt(NSInteger row, NSInteger section) {
-  auto* const allocated = objc::sendToClass<"SBLockScreenBulletinCell", "alloc", id>();
+  auto* const allocated = objc::sendToClass<SBLockScreenBulletinCell, "alloc", id>();
   const auto made = objc::Owned<SBLockScreenBulletinCell>::adopt(
       objc::send<"initWithStyle:reuseIdentifier:", SBLockScreenBulletinCell*>(allocated, NSInteger{0},
                                                                               "BulletinCell"_ns));
   made->setTag(section * 1000 + row);
   // As on the phone, the cell is not the table's direct subview.
-  const auto wrapper = objc::make<UIView, "UIView">();
+  const auto wrapper = objc::make<UIView>();
   table_->addSubview(wrapper.get());
   wrapper->addSubview(made.get());
   recorded.clear();
@@ -244,7 +243,7 @@ Texts RecordingLockScreen::log() {
 }
 
 UIImage* RecordingLockScreen::hostIcon() {
-  static const auto image = objc::make<UIImage, "UIImage">();
+  static const auto image = objc::make<UIImage>();
   return image.get();
 }
 

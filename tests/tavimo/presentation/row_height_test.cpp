@@ -67,7 +67,7 @@ TEST(RowHeight, RowsOfOthersKeepTheHostsAndBringTheUnderlayBackUnderMode1) {
   phone.add("Pellanor 0");
   phone.add(nullptr);
   phone.addRecord(nullptr, "SBAwayCardListItem");
-  const auto record = objc::make<BBBulletin, "BBBulletin">();
+  const auto record = objc::make<BBBulletin>();
   record->setBulletinID("Tavimo 0"_ns);
   phone.addRecord(record.get(), "SBAwayBulletinListItemOfAnotherName");
   constexpr NSInteger kBeyondTheList = 4;

@@ -10,7 +10,7 @@ constexpr const char* kRemoval = "_removeLockContentUnderlayWithRequester:";
 class Count : public ListFixture {
  protected:
   Count() : ListFixture([] { watch<void(NSString*)>("SBLockScreenView", kRemoval); }) {
-    auto* const allocated = objc::sendToClass<"SBLockScreenView", "alloc", SBLockScreenView*>();
+    auto* const allocated = objc::sendToClass<SBLockScreenView, "alloc", SBLockScreenView*>();
     view_ = objc::Owned<SBLockScreenView>::adopt(
         objc::send<"initWithFrame:", SBLockScreenView*>(allocated, CGRect{{0, 0}, {320, 568}}));
   }

@@ -1,5 +1,6 @@
 // A plug-in's screen comes up over the lock screen: when the own items are to leave the list, and how.
 #include "platform/objc/ivar.h"
+#include "platform/springboard/sb_lock_screen_plugin_overlay_context.h"
 #include "tests/tavimo/publishing/list_fixture.h"
 
 namespace phone {
@@ -35,7 +36,7 @@ class NowPlaying : public ListFixture {
   Lines show(NSString* pluginName) {
     sentMessages().clear();
     clearLog();
-    NSObject* const allocated = objc::sendToClass<"SBLockScreenPluginOverlayContext", "alloc", NSObject*>();
+    NSObject* const allocated = objc::sendToClass<SBLockScreenPluginOverlayContext, "alloc", NSObject*>();
     context_ = objc::Owned<NSObject>::adopt(
         objc::send<"initWithPluginName:pluginController:lockScreenViewController:", NSObject*>(
             allocated, pluginName, static_cast<NSObject*>(text("plugin")),
@@ -130,7 +131,7 @@ TEST_F(NowPlaying, RunLoopDeliversTheRemovalOnceToTheListOfThatMoment) {
   NSObject* const runLoop = objc::sendToClass<"NSRunLoop", "currentRunLoop", NSObject*>();
   const auto run = [&] {
     objc::send<"runUntilDate:">(runLoop,
-                                objc::sendToClass<"NSDate", "dateWithTimeIntervalSinceNow:", NSDate*>(0.05));
+                                objc::sendToClass<NSDate, "dateWithTimeIntervalSinceNow:", NSDate*>(0.05));
   };
   run();
   EXPECT_EQ(phone_.titles(), Lines());

@@ -110,7 +110,7 @@ TEST(Images, RoundedCopyHasTheScaleOfTheWindowsScreen) {
   objc::send<"makeKeyAndVisible">(makeView<UIWindow, "UIWindow">().get());
   EXPECT_EQ(rounded(image.get(), 3)->scale(), UIScreen::mainScreen()->scale());
   objc::Displaced<UIScreen*(UIWindow*, SEL)> displaced;
-  hookMethod(objc::classNamed<"UIWindow">(), "screen", anotherScreen, displaced);
+  hookMethod(objc::classOf<UIWindow>(), "screen", anotherScreen, displaced);
   EXPECT_EQ(rounded(image.get(), 3)->scale(), 3);
   for (const CGFloat none : {CGFloat{0}, CGFloat{-1}, std::numeric_limits<CGFloat>::quiet_NaN()}) {
     anotherScale = none;

@@ -40,10 +40,7 @@ void LockScreen::writePreferences(std::string_view name, std::string_view bytes)
   writeBytes(preferences(name), bytes);
 }
 
-void LockScreen::makeController() {
-  controller_ =
-      objc::make<SBLockScreenNotificationListController, "SBLockScreenNotificationListController">();
-}
+void LockScreen::makeController() { controller_ = objc::make<SBLockScreenNotificationListController>(); }
 
 std::vector<ListRow> LockScreen::rows() {
   std::vector<ListRow> rows;

@@ -48,7 +48,7 @@ NSString* textOrNone(const std::optional<std::string>& utf8) { return utf8 ? tex
 
 EKCalendar* calendarAt(std::size_t index) {
   if (index >= scriptedStore().calendars.size()) return nullptr;
-  auto calendar = objc::make<EKCalendar, "EKCalendar">();
+  auto calendar = objc::make<EKCalendar>();
   stateOf<CalendarState>(calendar.get()).script = scriptedStore().calendars[index];
   return calendar.autorelease();
 }
@@ -82,7 +82,7 @@ const ScriptedEvent& scriptOf(EKEvent* event) {
 NSDate* dateOrNone(const std::optional<double>& seconds) { return seconds ? dateAt(*seconds) : nullptr; }
 
 EKPersistentEvent* persistentEvent(EKEvent* self, SEL) {
-  auto stored = objc::make<EKPersistentEvent, "EKPersistentEvent">();
+  auto stored = objc::make<EKPersistentEvent>();
   stateOf<PersistentEventState>(stored.get()).identifier =
       objc::Owned<NSString>::retain(textOrNone(scriptOf(self).identifier));
   return stored.autorelease();
@@ -148,7 +148,7 @@ NSArray* eventsMatching(EKEventStore* self, SEL, NSObject* /*predicate*/) {
       found->addObject(objc::sendToClass<"NSNull", "null", NSObject*>());
       continue;
     }
-    const auto event = objc::make<EKEvent, "EKEvent">();
+    const auto event = objc::make<EKEvent>();
     auto& made = stateOf<EventState>(event.get());
     made.script = *script;
     made.connection = stateOf<StoreState>(self).connection;

@@ -1,9 +1,8 @@
-#include "tavimo/lockscreen/publishing/custom_items.h"
+#include "tavimo/lockscreen/custom_items.h"
 
 #include "tavimo/lockscreen/list_items.h"
 #include "tavimo/settings/log.h"
 
-using tavimo::logDebug;
 using tavimo::Publisher;
 using tavimo::publisherOfItem;
 
@@ -12,17 +11,15 @@ bool onlyCustomItemsAreDisplayed(NSMutableArray* listItems) {
   NSUInteger custom = 0;
   for (NSUInteger i = 0; i < all; ++i) {
     NSObject* const item = listItems->objectAtIndex(i);
-    if (debugMode) {
-      tavimo::logAlways("%@ Found lockscreen item: %@, class:%@"_ns, item,
-                        NSStringFromClass(objc::send<"class", Class>(item)));
-    }
+    TAVIMO_DEBUG(log<"Found lockscreen item: %@, class:%@">(
+        item, NSStringFromClass(objc::send<"class", Class>(item))));
     if (publisherOfItem(item) != Publisher::kOther) ++custom;
   }
   if (custom != 0 && custom == all) {
-    logDebug<"%@ only custom items are found">();
+    TAVIMO_DEBUG(log<"only custom items are found">());
     return true;
   }
-  logDebug<"%@ NOT only custom items are found, custom:%lu, all:%lu">(custom, all);
+  TAVIMO_DEBUG(log<"NOT only custom items are found, custom:%lu, all:%lu">(custom, all));
   return false;
 }
 

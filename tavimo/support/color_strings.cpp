@@ -1,4 +1,4 @@
-#include "tavimo/settings/color_strings.h"
+#include "tavimo/support/color_strings.h"
 
 #include <limits>
 

@@ -1,4 +1,4 @@
-#include "tavimo/settings/image_utilities.h"
+#include "tavimo/support/image_utilities.h"
 
 #include "platform/foundation/ns_array.h"
 #include "platform/uikit/ui_application.h"
