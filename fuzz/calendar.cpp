@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "fuzz/support/target.h"
-#include "phone/eventkit/event_query.h"
-#include "phone/eventkit/identifiers.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/identifiers.h"
+#include "phone/calendarstore/database/occurrence_query.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/foundation/temporary_folder.h"
 
 namespace phone::fuzz {

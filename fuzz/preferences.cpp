@@ -6,7 +6,7 @@
 #include "contract/files.h"
 #include "fuzz/support/sections.h"
 #include "fuzz/support/target.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/phone_root.h"
 #include "phone/springboard/home_screen.h"

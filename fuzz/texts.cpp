@@ -7,7 +7,7 @@
 
 #include "fuzz/support/sections.h"
 #include "fuzz/support/target.h"
-#include "phone/eventkit/calendar_color.h"
+#include "phone/calendarstore/database/calendar_color.h"
 #include "phone/foundation/property_list.h"
 #include "platform/foundation/literal.h"
 #include "platform/foundation/ns_mutable_dictionary.h"

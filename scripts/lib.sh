@@ -23,8 +23,8 @@ usage() {
   sed -n '2,/^[^#]/{s/^# \{0,1\}//p}' "scripts/$(basename "$0")"
 }
 
-# wrong_use ARGUMENT: an argument that the script does not know.
-wrong_use() {
+# usage_error ARGUMENT: an argument that the script does not know.
+usage_error() {
   fail 2 "unknown argument '$1'; try scripts/$(basename "$0") --help"
 }
 

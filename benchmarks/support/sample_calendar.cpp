@@ -1,7 +1,7 @@
 #include "benchmarks/support/sample_calendar.h"
 
 #include "contract/files.h"
-#include "phone/eventkit/event_table.h"
+#include "phone/calendarstore/database/event_table.h"
 #include "phone/foundation/phone_root.h"
 #include "platform/foundation/autorelease_pool.h"
 #include "platform/foundation/literal.h"

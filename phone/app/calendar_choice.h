@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "phone/eventkit/calendar_database.h"
+#include "phone/calendarstore/database/calendar_database.h"
 #include "platform/foundation/ns_dictionary.h"
 #include "platform/foundation/ns_mutable_array.h"
 
@@ -42,7 +42,7 @@ LockScreenSearch lockScreenSearch();
 /// "#RRGGBB" of 0xRRGGBBAA.
 std::string colorText(std::uint32_t color);
 
-/// The Calendar app's list of switched-off calendars (borrowed from its preferences); none when there is
+/// The Calendar app's list of switched-off calendars (borrowed from its preferences); nil when there is
 /// none.
 NSMutableArray* deselectedIn(NSDictionary* preferences);
 

@@ -1,7 +1,7 @@
 #include "phone/app/calendar_traces.h"
 
 #include "phone/app/calendar_choice.h"
-#include "phone/app/hidden_events.h"
+#include "phone/app/hidden_event_list.h"
 #include "phone/app/phone_files.h"
 
 namespace phone {

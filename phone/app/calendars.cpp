@@ -7,9 +7,9 @@
 #include "phone/app/calendar_choice.h"
 #include "phone/app/printable.h"
 #include "phone/app/printed_json.h"
+#include "phone/app/usage_error.h"
 #include "phone/app/verbs.h"
-#include "phone/app/wrong_use.h"
-#include "phone/eventkit/calendar_lookup.h"
+#include "phone/calendarstore/database/calendar_lookup.h"
 
 namespace phone {
 
@@ -87,7 +87,7 @@ void addSelect(CLI::App& calendars, const Invocation& invocation,
   verb->add_flag("--none", arguments->none, "Choose no calendar");
   verb->callback([&invocation, arguments] {
     if (arguments->none == !arguments->calendars.empty())
-      throw WrongUse("name the calendars, or give --none");
+      throw UsageError("name the calendars, or give --none");
     invocation.openPhone();
     setSelected(identifiersOf(arguments->calendars));
     if (lockScreenSearch().bySelection) return;

@@ -8,10 +8,10 @@
 #include "phone/app/calendar_choice.h"
 #include "phone/app/calendar_traces.h"
 #include "phone/app/printable.h"
+#include "phone/app/usage_error.h"
 #include "phone/app/verbs.h"
-#include "phone/app/wrong_use.h"
-#include "phone/eventkit/calendar_edit.h"
-#include "phone/eventkit/calendar_lookup.h"
+#include "phone/calendarstore/database/calendar_edit.h"
+#include "phone/calendarstore/database/calendar_lookup.h"
 #include "phone/eventkit/store_connection.h"
 
 namespace phone {
@@ -19,7 +19,7 @@ namespace phone {
 namespace {
 
 void rename(const std::string& meant, const std::string& title) {
-  if (title.empty()) throw WrongUse("the new name is empty");
+  if (title.empty()) throw UsageError("the new name is empty");
   const std::vector<CalendarRecord> calendars = storedCalendars();
   const CalendarRecord calendar = calendarMeant(calendars, meant);
   for (const CalendarRecord& other : calendars) {

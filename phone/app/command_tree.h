@@ -37,9 +37,9 @@ struct VerbDescription {
   std::vector<ArgumentDescription> arguments = {};
   std::vector<VerbDescription> verbs = {};
 
-  /// The verb of that name below this one (borrowed), or none.
+  /// The verb of that name below this one (borrowed), or nil.
   const VerbDescription* verbNamed(const std::string& word) const;
-  /// The option of that name (borrowed), or none.
+  /// The option of that name (borrowed), or nil.
   const ArgumentDescription* optionNamed(const std::string& word) const;
 };
 

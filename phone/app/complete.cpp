@@ -9,7 +9,7 @@
 #include "phone/app/completion.h"
 #include "phone/app/completion_scripts.h"
 #include "phone/app/verbs.h"
-#include "phone/eventkit/event_lookup.h"
+#include "phone/calendarstore/database/event_lookup.h"
 #include "phone/eventkit/store_connection.h"
 
 namespace phone {

@@ -2,9 +2,9 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "phone/app/event_meant.h"
 #include "phone/app/host_arguments.h"
 #include "phone/app/lockscreen_switch.h"
+#include "phone/app/resolve_event.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
 
@@ -33,7 +33,7 @@ void addSwitch(CLI::App& event, const Invocation& invocation) {
   arguments->host.addOptionsTo(*verb);
   verb->callback([&invocation, arguments] {
     auto calendar = startCalendar(*arguments, invocation);
-    showOnLockscreen(calendar, eventMeant(arguments->event), arguments->position == "on");
+    showOnLockscreen(calendar, resolveEvent(arguments->event), arguments->position == "on");
   });
 }
 
@@ -46,7 +46,7 @@ void addDelete(CLI::App& event, const Invocation& invocation) {
   arguments->host.addOptionsTo(*verb);
   verb->callback([&invocation, arguments] {
     auto calendar = startCalendar(*arguments, invocation);
-    closeEditor(calendar, calendar.editEvent(eventMeant(arguments->event)), EditAction::kDeleted);
+    closeEditor(calendar, calendar.editEvent(resolveEvent(arguments->event)), EditAction::kDeleted);
   });
 }
 

@@ -6,7 +6,6 @@
 #include <ostream>
 
 #include "phone/app/calendar_screen_text.h"
-#include "phone/app/event_meant.h"
 #include "phone/app/host_arguments.h"
 #include "phone/app/listed_event.h"
 #include "phone/app/local_time.h"
@@ -14,6 +13,7 @@
 #include "phone/app/phone_files.h"
 #include "phone/app/picture_option.h"
 #include "phone/app/printed_json.h"
+#include "phone/app/resolve_event.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
 #include "phone/eventkit/store_connection.h"
@@ -123,7 +123,7 @@ void addEventEditVerb(CLI::App& event, const Invocation& invocation) {
   verb->callback([&invocation, arguments] {
     const EventFields fields = fieldsOf(*arguments);
     auto calendar = CalendarProcess::boot(arguments->host.options(invocation.root()), invocation.plugin());
-    EKEventEditor* const editor = calendar.editEvent(eventMeant(arguments->event));
+    EKEventEditor* const editor = calendar.editEvent(resolveEvent(arguments->event));
     const std::string identifier = edit(calendar, editor, fields, *arguments, invocation.style());
     if (arguments->json) printJson(identifier, *arguments);
   });

@@ -5,7 +5,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "phone/app/hidden_events.h"
+#include "phone/app/hidden_event_list.h"
 #include "phone/app/host_arguments.h"
 #include "phone/app/listed_event.h"
 #include "phone/app/local_time.h"
@@ -13,7 +13,7 @@
 #include "phone/app/printable.h"
 #include "phone/app/printed_json.h"
 #include "phone/app/verbs.h"
-#include "phone/eventkit/event_query.h"
+#include "phone/calendarstore/database/occurrence_query.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/foundation.h"
 #include "platform/foundation/ns_date.h"

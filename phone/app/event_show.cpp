@@ -6,12 +6,12 @@
 #include <ostream>
 
 #include "phone/app/calendar_screen_text.h"
-#include "phone/app/event_meant.h"
 #include "phone/app/host_arguments.h"
 #include "phone/app/listed_event.h"
 #include "phone/app/local_time.h"
 #include "phone/app/picture_option.h"
 #include "phone/app/printed_json.h"
+#include "phone/app/resolve_event.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
 #include "phone/eventkit/store_connection.h"
@@ -32,7 +32,7 @@ struct Arguments {
 void show(const Arguments& arguments, const Invocation& invocation) {
   auto calendar = CalendarProcess::boot(arguments.host.options(invocation.root()), invocation.plugin());
   const double now = NSDate::date()->timeIntervalSinceReferenceDate();
-  const ListedEvent event = nextOfEvent(eventMeant(arguments.event), static_cast<Seconds>(std::floor(now)));
+  const ListedEvent event = nextOfEvent(resolveEvent(arguments.event), static_cast<Seconds>(std::floor(now)));
   EKEventViewController* const view =
       calendar.openOccurrence(event.identifier, static_cast<double>(event.occurrence.start));
   requireNoFileProblem();

@@ -1,6 +1,4 @@
 // phone export: calendars of the phone as .ics files.
-#include "phone/eventkit/export.h"
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -9,7 +7,8 @@
 #include "phone/app/calendar_choice.h"
 #include "phone/app/printable.h"
 #include "phone/app/verbs.h"
-#include "phone/eventkit/calendar_lookup.h"
+#include "phone/calendarstore/database/calendar_lookup.h"
+#include "phone/calendarstore/ics/calendar_export.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/output_file.h"
 #include "platform/foundation/ns_date.h"

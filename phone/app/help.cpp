@@ -6,8 +6,8 @@
 #include "phone/app/command_tree.h"
 #include "phone/app/manual.h"
 #include "phone/app/spelling.h"
+#include "phone/app/usage_error.h"
 #include "phone/app/verbs.h"
-#include "phone/app/wrong_use.h"
 
 namespace phone {
 
@@ -20,7 +20,8 @@ void showHelp(const CLI::App& command, const std::vector<std::string>& words) {
     const VerbDescription known = describe(*verb);
     const std::string spoken = before + (before.empty() ? "" : " ") + known.name;
     if (known.verbNamed(word) == nullptr) {
-      throw WrongUse("there is no verb \"" + spoken + " " + word + "\"" + didYouMean(word, verbNames(known)));
+      throw UsageError("there is no verb \"" + spoken + " " + word + "\"" +
+                       didYouMean(word, verbNames(known)));
     }
     before = spoken;
     verb = verb->get_subcommand(word);
@@ -47,7 +48,7 @@ void addHelpVerb(CLI::App& command) {
   verb->add_flag("--man", arguments->manual, "Print the manual page, in the form that man(1) reads");
   verb->callback([&command, arguments] {
     if (arguments->manual) {
-      if (!arguments->words.empty()) throw WrongUse("the manual page is about all verbs; name none");
+      if (!arguments->words.empty()) throw UsageError("the manual page is about all verbs; name none");
       std::cout << manualPage(describe(command));
     } else {
       showHelp(command, arguments->words);

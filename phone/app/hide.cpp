@@ -2,8 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "phone/app/event_meant.h"
 #include "phone/app/lockscreen_switch.h"
+#include "phone/app/resolve_event.h"
 #include "phone/app/verbs.h"
 #include "phone/calendarui/calendar_process.h"
 
@@ -19,7 +19,7 @@ void addVerbFor(CLI::App& command, const Invocation& invocation, const std::stri
   verb->callback([&invocation, events, shown] {
     auto calendar = CalendarProcess::boot({.root = invocation.root()}, invocation.plugin());
     std::vector<std::string> identifiers;
-    for (const std::string& event : *events) identifiers.push_back(eventMeant(event));
+    for (const std::string& event : *events) identifiers.push_back(resolveEvent(event));
     for (const std::string& identifier : identifiers) showOnLockscreen(calendar, identifier, shown);
   });
 }

@@ -21,7 +21,7 @@ struct HostArguments {
   /// The arguments must outlive the verb.
   void addOptionsTo(CLI::App& verb);
 
-  /// Throws WrongUse for a time or a zone that is none.
+  /// Throws UsageError for a time or a zone that is none.
   HostOptions options(const std::filesystem::path& root) const;
   cctz::time_zone zone() const;
 };

@@ -1,6 +1,4 @@
 // phone import: calendars from .ics files into the phone's calendar database.
-#include "phone/eventkit/import.h"
-
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <iostream>
@@ -10,6 +8,7 @@
 #include "phone/app/done_in_part.h"
 #include "phone/app/printable.h"
 #include "phone/app/verbs.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "phone/eventkit/store_connection.h"
 
 namespace phone {

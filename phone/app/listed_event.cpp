@@ -4,10 +4,10 @@
 #include <stdexcept>
 
 #include "phone/app/calendar_choice.h"
-#include "phone/app/hidden_events.h"
+#include "phone/app/hidden_event_list.h"
 #include "phone/app/local_time.h"
-#include "phone/eventkit/identifiers.h"
-#include "phone/eventkit/next_occurrence.h"
+#include "phone/calendarstore/database/identifiers.h"
+#include "phone/calendarstore/database/next_occurrence.h"
 #include "phone/eventkit/store_connection.h"
 
 namespace phone {

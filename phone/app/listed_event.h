@@ -4,7 +4,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 
-#include "phone/eventkit/event_query.h"
+#include "phone/calendarstore/database/occurrence_query.h"
 
 namespace cctz {
 class time_zone;

@@ -1,7 +1,7 @@
 #include "phone/app/local_time.h"
 
-#include "phone/app/wrong_use.h"
-#include "phone/eventkit/calendar_time.h"
+#include "phone/app/usage_error.h"
+#include "phone/calendarstore/recurrence/calendar_time.h"
 #include "phone/foundation/wall_clock.h"
 
 namespace phone {
@@ -28,7 +28,7 @@ cctz::time_zone zoneNamed(const std::string& name) {
   if (name.empty()) return cctz::local_time_zone();
   cctz::time_zone zone;
   if (!cctz::load_time_zone(name, &zone)) {
-    throw WrongUse("there is no time zone \"" + name + "\"; use a name such as Europe/Berlin");
+    throw UsageError("there is no time zone \"" + name + "\"; use a name such as Europe/Berlin");
   }
   return zone;
 }
@@ -42,11 +42,11 @@ double parseTime(const std::string& text, const cctz::time_zone& zone) {
       const double seconds = std::chrono::duration<double>(time - wholeSeconds(0)).count();
       const auto year = civil(seconds, zone).year();
       if (year >= kFirstYear && year <= kLastYear) return seconds;
-      throw WrongUse("\"" + text + "\" lies outside the years " + std::to_string(kFirstYear) + " to " +
-                     std::to_string(kLastYear) + ", which are all that the calendar has");
+      throw UsageError("\"" + text + "\" lies outside the years " + std::to_string(kFirstYear) + " to " +
+                       std::to_string(kLastYear) + ", which are all that the calendar has");
     }
   }
-  throw WrongUse(
+  throw UsageError(
       "\"" + text +
       "\" is no time; write 2026-03-07T09:00, and Z or an offset such as +01:00 behind it for a time that "
       "is not one of the phone's zone");

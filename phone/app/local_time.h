@@ -7,12 +7,12 @@
 
 namespace phone {
 
-/// The zone of that IANA name; empty: the one that the variable TZ names, else the system's. Throws WrongUse
-/// when there is none of that name.
+/// The zone of that IANA name; empty: the one that the variable TZ names, else the system's. Throws
+/// UsageError when there is none of that name.
 cctz::time_zone zoneNamed(const std::string& name);
 
 /// Reads 2026-03-07T09:00, with or without seconds, alone the day, or with Z or an offset behind it. Without
-/// an offset the time is one of that zone. Throws WrongUse with the forms that are understood.
+/// an offset the time is one of that zone. Throws UsageError with the forms that are understood.
 double parseTime(const std::string& text, const cctz::time_zone& zone);
 
 /// "2026-03-07T09:00:00+01:00"

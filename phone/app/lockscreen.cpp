@@ -10,8 +10,8 @@
 #include "phone/app/lock_screen_report.h"
 #include "phone/app/number_option.h"
 #include "phone/app/picture_option.h"
+#include "phone/app/usage_error.h"
 #include "phone/app/verbs.h"
-#include "phone/app/wrong_use.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/file_problems.h"
 #include "phone/foundation/log_sink.h"
@@ -38,7 +38,7 @@ struct Arguments {
 };
 
 /// More than any list has.
-constexpr long kMostRows = 1'000'000;
+constexpr long kMaxRows = 1'000'000;
 
 /// The Now Playing screen takes the events away five seconds after it comes up.
 constexpr std::chrono::seconds kNowPlayingWait{6};
@@ -46,7 +46,7 @@ constexpr std::chrono::seconds kNowPlayingWait{6};
 OwnNotification notificationOf(const std::string& text) {
   const std::size_t bar = text.find('|');
   if (bar == 0 || text.empty())
-    throw WrongUse("--notification \"" + text + "\" has no title; write \"Title|Text\"");
+    throw UsageError("--notification \"" + text + "\" has no title; write \"Title|Text\"");
   if (bar == std::string::npos) return {.title = text};
   return {.title = text.substr(0, bar), .text = text.substr(bar + 1)};
 }
@@ -59,7 +59,8 @@ HostOptions hostOptionsOf(const Arguments& arguments, const std::filesystem::pat
   const auto height = decimalNumber(between == std::string::npos ? "" : arguments.size.substr(between + 1));
   const auto fits = [](double points) { return points >= 100 && points <= 2000; };
   if (!width || !height || !fits(*width) || !fits(*height)) {
-    throw WrongUse("--size \"" + arguments.size + "\": write WIDTHxHEIGHT in points, each from 100 to 2000");
+    throw UsageError("--size \"" + arguments.size +
+                     "\": write WIDTHxHEIGHT in points, each from 100 to 2000");
   }
   options.screenWidth = *width;
   options.screenHeight = *height;
@@ -144,10 +145,10 @@ void addDeedOptions(CLI::App& verb, Arguments& arguments) {
   verb.add_option("--wake", arguments.wake,
                   "Ask the item of this title to wake the screen, and say whether it does");
   requireWholeNumber(*verb.add_option("--scroll", arguments.scroll, "Scroll to this item, counted from 1"), 1,
-                     kMostRows);
+                     kMaxRows);
   requireWholeNumber(
       *verb.add_option("--tap", arguments.tap, "Tap this item, counted from 1, and say what it opens"), 1,
-      kMostRows);
+      kMaxRows);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "phone/app/hidden_events.h"
+#include "phone/app/hidden_event_list.h"
 #include "phone/app/phone_files.h"
 #include "phone/calendarui/calendar_process.h"
 #include "phone/foundation/file_problems.h"

@@ -9,9 +9,9 @@
 #include "phone/app/printable.h"
 #include "phone/app/process_start.h"
 #include "phone/app/refusal.h"
+#include "phone/app/usage_error.h"
 #include "phone/app/verbs.h"
 #include "phone/app/version.h"
-#include "phone/app/wrong_use.h"
 #include "phone/foundation/file_problems.h"
 #include "platform/foundation/autorelease_pool.h"
 
@@ -20,14 +20,14 @@ namespace phone {
 namespace {
 
 constexpr int kCouldNotDoIt = 1;
-constexpr int kWrongUse = 2;
+constexpr int kUsageError = 2;
 constexpr int kDoneInPart = 3;
 
 int refuse(const CLI::App& command, const std::string& reason) {
   const std::string words = spokenSoFar(command);
   std::cerr << words << ": " << printableLines(reason) << "\n(\"" << words
             << " --help\" shows how it is used)\n";
-  return kWrongUse;
+  return kUsageError;
 }
 
 /// What a host or the plug-in could not read or write, and took without a word, as they do on a phone.
@@ -68,7 +68,7 @@ int run(int argc, char** argv) {
     return command.exit(help);
   } catch (const CLI::ParseError& error) {
     return refuse(command, reasonOf(command, error));
-  } catch (const WrongUse& error) {
+  } catch (const UsageError& error) {
     return refuse(command, error.what());
   } catch (const DoneInPart&) {
     return kDoneInPart;

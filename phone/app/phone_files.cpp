@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "phone/app/wrong_use.h"
+#include "phone/app/usage_error.h"
 #include "phone/foundation/phone_root.h"
 #include "phone/foundation/property_list.h"
 
@@ -56,7 +56,7 @@ std::string utf8(NSString* text) {
 
 NSString* textObject(const std::string& text) {
   NSString* const object = NSString::stringWithUTF8String(text.c_str());
-  if (object == nullptr) throw WrongUse("\"" + text + "\" is no UTF-8 text");
+  if (object == nullptr) throw UsageError("\"" + text + "\" is no UTF-8 text");
   return object;
 }
 

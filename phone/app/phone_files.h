@@ -25,7 +25,7 @@ void removeFile(std::string_view phoneFile);
 
 /// The text in UTF-8; empty for none.
 std::string utf8(NSString* text);
-/// The text as an object (borrowed). Throws WrongUse when it is no UTF-8.
+/// The text as an object (borrowed). Throws UsageError when it is no UTF-8.
 NSString* textObject(const std::string& text);
 
 }  // namespace phone

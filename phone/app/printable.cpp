@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "phone/eventkit/utf8.h"
+#include "phone/calendarstore/ics/utf8.h"
 
 namespace phone {
 

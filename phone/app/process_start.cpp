@@ -12,14 +12,14 @@
 #include <unistd.h>
 
 #include "phone/app/printable.h"
-#include "phone/eventkit/utf8.h"
+#include "phone/calendarstore/ics/utf8.h"
 
 namespace phone {
 
 namespace {
 
 constexpr int kCouldNotDoIt = 1;
-constexpr int kWrongUse = 2;
+constexpr int kUsageError = 2;
 
 bool readerIsGone() {
   pollfd stream{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
@@ -44,7 +44,7 @@ void prepareStreams() {
 
 int refuseBrokenTexts(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    if (!isUtf8(argv[i])) return refuse("an argument", argv[i], kWrongUse);
+    if (!isUtf8(argv[i])) return refuse("an argument", argv[i], kUsageError);
   }
   const char* const home = std::getenv("HOME");
   if (home != nullptr && !isUtf8(home)) {

@@ -8,8 +8,8 @@
 #include "phone/app/phone_files.h"
 #include "phone/app/printed_json.h"
 #include "phone/app/settings_value.h"
+#include "phone/app/usage_error.h"
 #include "phone/app/verbs.h"
-#include "phone/app/wrong_use.h"
 #include "phone/foundation/phone_root.h"
 
 namespace phone {
@@ -125,7 +125,7 @@ void addUnset(CLI::App& settings, const Invocation& invocation, const std::share
   verb->add_option("KEY", arguments->keys, "The settings' names");
   verb->add_flag("--all", arguments->all, "Go back to the defaults of all settings");
   verb->callback([&invocation, arguments] {
-    if (arguments->all == !arguments->keys.empty()) throw WrongUse("name the settings, or give --all");
+    if (arguments->all == !arguments->keys.empty()) throw UsageError("name the settings, or give --all");
     invocation.openPhone();
     arguments->all ? removeFile(contract::kSettingsFile) : unset(arguments->keys);
   });

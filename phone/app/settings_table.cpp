@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "phone/app/spelling.h"
-#include "phone/app/wrong_use.h"
+#include "phone/app/usage_error.h"
 
 namespace phone {
 
@@ -15,8 +15,8 @@ const Setting& settingNamed(const std::string& key) {
   keys.reserve(contract::kSettings.size());
   for (const Setting& setting : contract::kSettings) keys.emplace_back(setting.key);
   const std::string meant = didYouMean(key, keys);
-  throw WrongUse("there is no setting \"" + key + "\"" +
-                 (meant.empty() ? "; \"phone settings list\" shows all" : meant));
+  throw UsageError("there is no setting \"" + key + "\"" +
+                   (meant.empty() ? "; \"phone settings list\" shows all" : meant));
 }
 
 std::string typeOf(const Setting& setting) {

@@ -11,7 +11,7 @@ using contract::Choice;
 using contract::Setting;
 using contract::SettingKind;
 
-/// The setting of that key. Throws WrongUse, naming a key that is spelled nearly the same, when there is
+/// The setting of that key. Throws UsageError, naming a key that is spelled nearly the same, when there is
 /// none.
 const Setting& settingNamed(const std::string& key);
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "phone/app/phone_files.h"
-#include "phone/app/wrong_use.h"
+#include "phone/app/usage_error.h"
 #include "platform/foundation/ns_number.h"
 
 namespace phone {
@@ -13,7 +13,7 @@ namespace phone {
 namespace {
 
 [[noreturn]] void refuse(const Setting& setting, const std::string& typed, const std::string& reason) {
-  throw WrongUse(std::string(setting.key) + ": \"" + typed + "\" " + reason);
+  throw UsageError(std::string(setting.key) + ": \"" + typed + "\" " + reason);
 }
 
 std::optional<long> wholeNumber(const std::string& typed) {

@@ -7,7 +7,7 @@
 
 namespace phone {
 
-/// The object to store for what the user typed (borrowed). Throws WrongUse with the reason when the plug-in
+/// The object to store for what the user typed (borrowed). Throws UsageError with the reason when the plug-in
 /// would take it for something else.
 NSObject* settingObject(const Setting& setting, const std::string& typed);
 

@@ -38,7 +38,7 @@ class CalendarProcess {
   EKEventViewController* openOccurrence(const std::string& identifier, double start);
   /// Leaves the event view in front; the one below it comes back. Does nothing without one.
   void goBack();
-  /// The event view in front, or none.
+  /// The event view in front, or nil.
   EKEventViewController* frontView() const;
 
   /// Opens an editor: from the event view in front, for any event (as another window does), for a new one.
@@ -66,9 +66,9 @@ class CalendarProcess {
  private:
   struct OpenEditor {
     objc::Owned<EKEventEditViewController> frame;
-    /// The screen around an editor for a new event; none otherwise.
+    /// The screen around an editor for a new event; nil otherwise.
     objc::Owned<UIViewController> addScreen;
-    /// The event view that the editor covers (borrowed), or none.
+    /// The event view that the editor covers (borrowed), or nil.
     EKEventViewController* coveredView;
   };
 

@@ -21,7 +21,7 @@ namespace phone {
 
 ClassDefinition ekEventEditViewController();
 
-/// A frame with an editor for that event. `delegate` (borrowed for as long as the frame lives, may be none)
+/// A frame with an editor for that event. `delegate` (borrowed for as long as the frame lives, may be nil)
 /// is sent eventEditViewController:didCompleteWithAction: when the editor closes.
 objc::Owned<EKEventEditViewController> makeEditViewController(EKEvent* event, EKEventStore* store,
                                                               NSObject* delegate);

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "phone/eventkit/calendar_lookup.h"
+#include "phone/calendarstore/database/calendar_lookup.h"
 #include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/store_connection.h"
 #include "platform/eventkit/ek_calendar.h"

@@ -32,7 +32,7 @@ struct Row {
 /// What the cell shows.
 Row rowOf(UITableViewCell* cell);
 
-/// The switch in a cell (borrowed), or none.
+/// The switch in a cell (borrowed), or nil.
 UISwitch* switchIn(UITableViewCell* cell);
 
 }  // namespace phone

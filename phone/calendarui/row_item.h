@@ -13,7 +13,7 @@ namespace phone {
 /// one without it.
 std::vector<MethodDefinition> plainItemMethods();
 
-/// A new cell with that text (borrowed), or none when there are fewer.
+/// A new cell with that text (borrowed), or nil when there are fewer.
 UITableViewCell* makeRowCell(const std::vector<RowText>& rows, NSUInteger index);
 
 /// The row methods of an item whose rows are texts about its event, which its method of that name gives.

@@ -1,8 +1,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "phone/calendarstore/database/identifiers.h"
 #include "phone/eventkit/ek_objects.h"
-#include "phone/eventkit/identifiers.h"
 
 namespace phone {
 

@@ -1,8 +1,8 @@
 #include <cmath>
 #include <map>
 
+#include "phone/calendarstore/database/event_changes.h"
 #include "phone/eventkit/ek_objects.h"
-#include "phone/eventkit/event_edit.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/error_object.h"
 #include "platform/foundation/autorelease_pool.h"

@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "phone/eventkit/calendar_database.h"
-#include "phone/eventkit/event_query.h"
+#include "phone/calendarstore/database/calendar_database.h"
+#include "phone/calendarstore/database/occurrence_query.h"
 #include "phone/objc/class_definition.h"
 #include "platform/eventkit/ek_calendar.h"
 #include "platform/eventkit/ek_event.h"
@@ -64,7 +64,7 @@ ClassDefinition ekEventPredicate();
 ClassDefinition ekEventStore();
 ClassDefinition ekPersistentEvent();
 
-/// A text from the database. Never none: what is no UTF-8 reads as an empty text.
+/// A text from the database. Never nil: what is no UTF-8 reads as an empty text.
 objc::Owned<NSString> makeString(const std::string& text);
 
 objc::Owned<EKCalendar> makeCalendar(const CalendarRecord& record);
@@ -78,7 +78,7 @@ void showOccurrence(EKEvent* event, const EventOccurrence& occurrence, EKCalenda
 /// Makes the event one that was never saved, as after it was removed.
 void forgetOccurrence(EKEvent* event);
 
-/// The text of the item's identifier (borrowed), or none for an item that was never saved.
+/// The text of the item's identifier (borrowed), or nil for an item that was never saved.
 NSString* identifierOf(EKCalendarItem* item);
 
 /// Ends the process, naming the message that the item meets, when the item's store is gone. On a phone such

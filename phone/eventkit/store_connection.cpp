@@ -4,8 +4,8 @@
 #include <memory>
 #include <sys/stat.h>
 
+#include "phone/calendarstore/memory_check.h"
 #include "phone/eventkit/eventkit.h"
-#include "phone/eventkit/memory_check.h"
 #include "phone/foundation/phone_root.h"
 #include "platform/foundation/ns_string.h"
 

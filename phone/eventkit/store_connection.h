@@ -4,11 +4,11 @@
 #include <functional>
 #include <string>
 
-#include "phone/eventkit/calendar_database.h"
+#include "phone/calendarstore/database/calendar_database.h"
 
 namespace phone {
 
-/// The connection; none when the phone has no calendar database yet, or when it is unusable, which
+/// The connection; nil when the phone has no calendar database yet, or when it is unusable, which
 /// calendarStoreProblem() then explains. A store that was replaced or removed since is opened anew, so each
 /// use sees what other processes have written. Borrowed until the next call.
 CalendarDatabase* sharedDatabase();

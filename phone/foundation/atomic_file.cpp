@@ -58,12 +58,12 @@ mode_t permissionsFor(const std::filesystem::path& target) {
 
 /// Where the name leads: links are followed, so that they stay, also those to a file that is not there yet.
 std::filesystem::path targetOf(const std::filesystem::path& file) {
-  constexpr int kMostLinks = 40;
+  constexpr int kMaxLinks = 40;
   std::error_code error;
   std::filesystem::path target = std::filesystem::absolute(file, error);
   if (error) fail("write", file, error.value());
   for (int links = 0; std::filesystem::is_symlink(target, error); ++links) {
-    if (links == kMostLinks) fail("write", file, ELOOP);
+    if (links == kMaxLinks) fail("write", file, ELOOP);
     const std::filesystem::path next = std::filesystem::read_symlink(target, error);
     if (error) fail("write", file, error.value());
     target = target.parent_path() / next;
@@ -87,8 +87,8 @@ struct TemporaryFile {
 /// How the names of the target's temporary files begin. Cut where a long name and the mark would not fit
 /// together; who shares a beginning then is told apart by the locks.
 std::string temporaryPrefix(const std::filesystem::path& target) {
-  constexpr std::size_t kMostOfName = 200;
-  return target.filename().string().substr(0, kMostOfName).append(kTemporaryMark);
+  constexpr std::size_t kMaxNameLength = 200;
+  return target.filename().string().substr(0, kMaxNameLength).append(kTemporaryMark);
 }
 
 TemporaryFile makeTemporaryFile(const std::filesystem::path& target) {

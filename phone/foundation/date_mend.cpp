@@ -15,7 +15,7 @@ namespace phone {
 namespace {
 
 /// Beyond it, three billion years away, the calendar's own arithmetic ends.
-constexpr double kMostSeconds = 1e17;
+constexpr double kMaxSeconds = 1e17;
 
 NSInteger secondsFromUniversalTime(NSDate* date) {
   id const zone = objc::sendToClass<"NSTimeZone", "defaultTimeZone", id>();
@@ -26,7 +26,7 @@ NSString* description(NSDate* self, SEL) {
   std::array<char, 96> text{};
   const double seconds = self->timeIntervalSinceReferenceDate();
   // Written so that a date that is not a number takes this way, too.
-  if (!(std::abs(seconds) <= kMostSeconds)) {
+  if (!(std::abs(seconds) <= kMaxSeconds)) {
     std::snprintf(text.data(), text.size(), "%g seconds from 2001-01-01 00:00:00 +0000", seconds);
     return NSString::stringWithUTF8String(text.data());
   }

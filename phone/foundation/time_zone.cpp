@@ -30,7 +30,7 @@ std::string zoneOfSystem() {
   return zones == std::string::npos ? "" : target.substr(zones + kZones.size());
 }
 
-/// The zone of that name (borrowed), or none.
+/// The zone of that name (borrowed), or nil.
 id zoneNamed(const std::string& name) {
   NSString* const text = name.empty() ? nullptr : NSString::stringWithUTF8String(name.c_str());
   return text == nullptr ? nullptr : objc::sendToClass<"NSTimeZone", "timeZoneWithName:", id>(text);

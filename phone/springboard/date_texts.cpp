@@ -54,7 +54,7 @@ std::string timeAheadText(BBBulletin* bulletin, NSDate* now) {
 
 NSString* clockText(NSDate* date) { return text(shortClockText(wallClockAt(date))); }
 
-NSString* dayText(NSDate* date) {
+NSString* todayText(NSDate* date) {
   const cctz::civil_second time = wallClockAt(date);
   return text(weekdayName(time) + ", " + monthName(time) + " " + std::to_string(time.day()));
 }

@@ -11,9 +11,9 @@ namespace phone {
 NSString* clockText(NSDate* date);
 
 /// "Friday, March 7" (borrowed).
-NSString* dayText(NSDate* date);
+NSString* todayText(NSDate* date);
 
-/// What stands beside a record's title (borrowed; none for a record without a date). A record with an end
+/// What stands beside a record's title (borrowed; nil for a record without a date). A record with an end
 /// tells about a time: "14:30", "Tomorrow 14:30", "All day", "Now". Any other tells how long ago it came:
 /// "now", "5m ago".
 NSString* relevanceText(BBBulletin* bulletin);

@@ -7,7 +7,7 @@
 #include "phone/eventkit/eventkit.h"
 #include "phone/foundation/foundation.h"
 #include "phone/objc/plugin.h"
-#include "phone/springboard/list_items.h"
+#include "phone/springboard/list_order.h"
 #include "phone/springboard/sb_away_card_list_item.h"
 #include "phone/springboard/sb_lock_screen_notification_list_controller.h"
 #include "phone/springboard/sb_lock_screen_notification_list_view.h"

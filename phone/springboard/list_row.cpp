@@ -1,6 +1,6 @@
 #include "phone/springboard/list_row.h"
 
-#include "phone/springboard/list_items.h"
+#include "phone/springboard/list_order.h"
 #include "platform/bulletinboard/bb_action.h"
 #include "platform/foundation/ns_date.h"
 #include "platform/foundation/ns_string.h"

@@ -4,7 +4,7 @@
 
 #include "phone/springboard/date_texts.h"
 #include "phone/springboard/definitions.h"
-#include "phone/springboard/list_items.h"
+#include "phone/springboard/list_order.h"
 #include "phone/uikit/ui_color.h"
 #include "phone/uikit/ui_font.h"
 #include "phone/uikit/ui_graphics.h"

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "phone/springboard/definitions.h"
-#include "phone/springboard/list_items.h"
+#include "phone/springboard/list_order.h"
 #include "phone/springboard/sb_lock_screen_notification_bulletin_banner_item.h"
 #include "phone/springboard/sb_lock_screen_notification_list_view.h"
 #include "phone/springboard/sb_lock_screen_view.h"

@@ -23,7 +23,7 @@ NSObject* observerOf(SBLockScreenNotificationListController* controller);
 /// Adds an item that stands for no record, such as a pass.
 void insertItem(SBLockScreenNotificationListController* controller, SBAwayListItem* item);
 
-/// The list as it is seen (borrowed from the controller); none before the first loadView.
+/// The list as it is seen (borrowed from the controller); nil before the first loadView.
 SBLockScreenNotificationListView* listViewOf(SBLockScreenNotificationListController* controller);
 
 /// The lock screen that shows the list (borrowed; none: no lock screen).

@@ -6,7 +6,7 @@
 #include "phone/springboard/date_texts.h"
 #include "phone/springboard/definitions.h"
 #include "phone/springboard/lock_screen_furniture.h"
-#include "phone/springboard/now_playing.h"
+#include "phone/springboard/now_playing_screen.h"
 #include "phone/springboard/sb_lock_screen_notification_list_view.h"
 #include "phone/springboard/wallpaper.h"
 #include "phone/uikit/blur.h"
@@ -167,7 +167,7 @@ void setNowPlaying(LockView* view, bool isPlaying) {
 
 void setShownTime(LockView* view, NSDate* time) {
   stateOfView(view).clock->setText(clockText(time));
-  stateOfView(view).day->setText(dayText(time));
+  stateOfView(view).day->setText(todayText(time));
 }
 
 void setWallpaper(LockView* view, Surface picture) {

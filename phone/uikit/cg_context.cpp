@@ -21,9 +21,9 @@ void useColor(cairo_t* canvas, const CGColor& color) {
 /// True for a length that Cairo draws in reasonable time. It breaks curves into pieces by their size in
 /// pixels, wherever they lie, and would be busy with an absurd one for minutes.
 bool isDrawable(cairo_t* canvas, double width, double height) {
-  constexpr double kMostPixels = 100000;
+  constexpr double kMaxPixels = 100000;
   cairo_user_to_device_distance(canvas, &width, &height);
-  return std::abs(width) <= kMostPixels && std::abs(height) <= kMostPixels;
+  return std::abs(width) <= kMaxPixels && std::abs(height) <= kMaxPixels;
 }
 
 /// Replaces the path by the ellipse; false when there is nothing to draw.

@@ -14,12 +14,12 @@ namespace {
 
 using Bytes = std::span<const unsigned char>;
 
-constexpr std::uintmax_t kMostBytes = 64UL << 20;
+constexpr std::uintmax_t kMaxBytes = 64UL << 20;
 
 /// The file's content; empty when it cannot be read.
 std::string contentOf(const std::filesystem::path& path) {
   try {
-    return readWholeFile(path, kMostBytes);
+    return readWholeFile(path, kMaxBytes);
   } catch (const FileError& error) {
     if (isSystemFailure(error.reason())) reportFileProblem(error.what());
     return {};

@@ -22,8 +22,8 @@ void keepSilent(j_common_ptr) {}
 /// A picture may come in passes over all its pixels. Cameras write a dozen; a file of thousands is meant to
 /// keep its reader busy.
 void limitPasses(j_common_ptr decoder) {
-  constexpr int kMostPasses = 100;
-  if (reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number > kMostPasses) leave(decoder);
+  constexpr int kMaxPasses = 100;
+  if (reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number > kMaxPasses) leave(decoder);
 }
 
 /// Fills the surface; false when the file is broken. Nothing with a destructor may live in here: the library

@@ -24,11 +24,11 @@ cairo_status_t appendBytes(void* target, const unsigned char* part, unsigned len
 Surface adoptSurface(cairo_surface_t* surface) { return Surface(surface, &cairo_surface_destroy); }
 
 bool isUsablePixelSize(double width, double height) {
-  constexpr double kMostPixelsAlongASide = 32767;  // Cairo's own limit
-  constexpr double kMostPixels = 50e6;
+  constexpr double kMaxPixelsAlongASide = 32767;  // Cairo's own limit
+  constexpr double kMaxPixels = 50e6;
   // Written so that a size that is not a number fails.
-  return width >= 1 && height >= 1 && width <= kMostPixelsAlongASide && height <= kMostPixelsAlongASide &&
-         width * height <= kMostPixels;
+  return width >= 1 && height >= 1 && width <= kMaxPixelsAlongASide && height <= kMaxPixelsAlongASide &&
+         width * height <= kMaxPixels;
 }
 
 Surface makeSurface(double width, double height) {

@@ -15,11 +15,11 @@ namespace phone {
 namespace {
 
 /// Sizes beyond it are shaped at this size and stretched; Pango's own numbers end at some thousands.
-constexpr double kMostShapedPoints = 1000;
+constexpr double kMaxShapedPoints = 1000;
 /// No line shows more characters than this, so a longer text is cut before it is drawn.
-constexpr NSUInteger kMostDrawnUnits = 4000;
+constexpr NSUInteger kMaxDrawnUnits = 4000;
 /// A longer text is as wide as its beginning of this length: wider than any screen, and no delay.
-constexpr NSUInteger kMostMeasuredUnits = 100000;
+constexpr NSUInteger kMaxMeasuredUnits = 100000;
 
 PangoContext* makeContext() {
   PangoContext* const context = pango_font_map_create_context(fontMap());
@@ -80,18 +80,18 @@ std::shared_ptr<TypeFace> TypeFace::find(FontWeight weight, double points) {
   // A size that is no number would never be found again.
   if (std::isnan(points)) points = 0;
   static std::map<std::pair<FontWeight, double>, std::shared_ptr<TypeFace>> faces;
-  constexpr std::size_t kMostKept = 64;
+  constexpr std::size_t kMaxKept = 64;
   const std::pair key(weight, points);
   if (const auto known = faces.find(key); known != faces.end()) return known->second;
-  if (faces.size() >= kMostKept) faces.clear();
+  if (faces.size() >= kMaxKept) faces.clear();
   return faces.emplace(key, std::make_shared<TypeFace>(weight, points)).first->second;
 }
 
 TypeFace::TypeFace(FontWeight weight, double points)
     : weight_(weight),
       points_(points),
-      shapedPoints_(std::clamp(points, 0.0, kMostShapedPoints)),
-      ratio_(points > kMostShapedPoints ? points / kMostShapedPoints : 1),
+      shapedPoints_(std::clamp(points, 0.0, kMaxShapedPoints)),
+      ratio_(points > kMaxShapedPoints ? points / kMaxShapedPoints : 1),
       description_(pango_font_description_new()) {
   pango_font_description_set_family_static(description_, kSystemFontFamily);
   pango_font_description_set_weight(description_, static_cast<PangoWeight>(weight));
@@ -115,18 +115,18 @@ double TypeFace::lineHeight() const { return std::ceil(ascent_ + descent_); }
 
 CGSize TypeFace::measure(NSString* text) {
   if (!(shapedPoints_ > 0) || text->length() == 0) return {};
-  return {std::ceil(widthOf(layoutText(text, kMostMeasuredUnits))), lineHeight()};
+  return {std::ceil(widthOf(layoutText(text, kMaxMeasuredUnits))), lineHeight()};
 }
 
 double TypeFace::widthOf(const std::string& utf8) {
-  constexpr std::size_t kMostKept = 256;
-  constexpr std::size_t kMostBytes = 256;
+  constexpr std::size_t kMaxKept = 256;
+  constexpr std::size_t kMaxBytes = 256;
   if (const auto known = widths_.find(utf8); known != widths_.end()) return known->second;
   if (layout_ == nullptr) layout_ = makeLayout(measuringContext(), description_);
   setText(layout_, utf8);
   const double width = ratio_ * lineWidth(pango_layout_get_line_readonly(layout_, 0));
-  if (widths_.size() >= kMostKept) widths_.clear();
-  if (utf8.size() <= kMostBytes) widths_.emplace(utf8, width);
+  if (widths_.size() >= kMaxKept) widths_.clear();
+  if (utf8.size() <= kMaxBytes) widths_.emplace(utf8, width);
   return width;
 }
 
@@ -136,7 +136,7 @@ void TypeFace::draw(cairo_t* canvas, NSString* text, CGRect rect, TextAlignment 
   if (!(shapedPoints_ > 0) || !(width > 0) || text->length() == 0) return;
   pango_cairo_update_context(canvas, drawingContext());
   PangoLayout* const layout = makeLayout(drawingContext(), description_);
-  setText(layout, layoutText(text, kMostDrawnUnits));
+  setText(layout, layoutText(text, kMaxDrawnUnits));
   pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
   // A little room, so that a text in a frame of exactly its measured width is whole.
   constexpr double kRoom = 0.01;

@@ -7,7 +7,7 @@
 
 namespace phone {
 
-/// The system font of that weight and size in points; never none.
+/// The system font of that weight and size in points; never nil.
 objc::Owned<UIFont> makeFont(FontWeight weight, double points);
 
 /// What the font measures and draws with; borrowed from the font, which must not be none.

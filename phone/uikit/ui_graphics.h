@@ -31,7 +31,7 @@ class CurrentContext {
   std::size_t depth_;
 };
 
-/// The Cairo context behind the current drawing context (borrowed), or none.
+/// The Cairo context behind the current drawing context (borrowed), or nil.
 cairo_t* currentCanvas();
 
 }  // namespace phone

@@ -36,7 +36,7 @@ void dropCell(UITableView* self, TableState::Row& row) {
   if (!cell) return;
   objc::send<"removeFromSuperview">(cell.get());
   NSString* const identifier = stateOf<CellState>(cell.get()).reuseIdentifier.get();
-  if (identifier != nullptr) stateOfTable(self).spareCells[identifier->UTF8String()].push_back(cell);
+  if (identifier != nullptr) stateOfTable(self).reuseQueue[identifier->UTF8String()].push_back(cell);
 }
 
 /// Asks for the numbers of sections and rows and for all heights.
@@ -129,7 +129,7 @@ NSArray* visibleCells(UITableView* self, SEL) {
 
 UITableViewCell* dequeueReusableCell(UITableView* self, SEL, NSString* identifier) {
   if (identifier == nullptr) return nullptr;
-  auto& spare = stateOfTable(self).spareCells[identifier->UTF8String()];
+  auto& spare = stateOfTable(self).reuseQueue[identifier->UTF8String()];
   if (spare.empty()) return nullptr;
   auto cell = std::move(spare.back());
   spare.pop_back();

@@ -26,7 +26,7 @@ struct TableState {
   /// All rows from top to bottom.
   std::vector<Row> rows;
   /// Cells out of sight, by reuse identifier.
-  std::map<std::string, std::vector<objc::Owned<UITableViewCell>>> spareCells;
+  std::map<std::string, std::vector<objc::Owned<UITableViewCell>>> reuseQueue;
   /// Not owned, both.
   NSObject* dataSource = nullptr;
   NSObject* delegate = nullptr;

@@ -17,6 +17,6 @@ class EKCalendarItem : public NSObject {
   bool hasRecurrenceRules() { return objc::send<"hasRecurrenceRules", bool>(this); }
   EKCalendar* calendar() { return objc::send<"calendar", EKCalendar*>(this); }
   void setCalendar(EKCalendar* calendar) { objc::send<"setCalendar:">(this, calendar); }
-  /// None until the item was saved once.
+  /// Nil until the item was saved once.
   NSURL* externalURI() { return objc::send<"externalURI", NSURL*>(this); }
 };

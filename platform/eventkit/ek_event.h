@@ -15,7 +15,7 @@ class EKEvent : public EKCalendarItem {
   static EKEvent* eventWithEventStore(EKEventStore* store) {
     return objc::sendToClass<EKEvent, "eventWithEventStore:", EKEvent*>(store);
   }
-  /// None until the event was saved once.
+  /// Nil until the event was saved once.
   NSString* eventIdentifier() { return objc::send<"eventIdentifier", NSString*>(this); }
   NSDate* startDate() { return objc::send<"startDate", NSDate*>(this); }
   NSDate* endDate() { return objc::send<"endDate", NSDate*>(this); }

@@ -14,15 +14,15 @@ class EKEventStore : public NSObject {
 
   /// All event calendars, in the store's order.
   NSArray* calendars() { return objc::send<"calendars", NSArray*>(this); }
-  /// None when no calendar has that identifier.
+  /// Nil when no calendar has that identifier.
   EKCalendar* calendarWithIdentifier(NSString* identifier) {
     return objc::send<"calendarWithIdentifier:", EKCalendar*>(this, identifier);
   }
-  /// None when there is no calendar.
+  /// Nil when there is no calendar.
   EKCalendar* defaultCalendarForNewEvents() {
     return objc::send<"defaultCalendarForNewEvents", EKCalendar*>(this);
   }
-  /// The event, or a recurring event's first occurrence (borrowed); none when there is none.
+  /// The event, or a recurring event's first occurrence (borrowed); nil when there is none.
   EKEvent* eventWithIdentifier(NSString* identifier) {
     return objc::send<"eventWithIdentifier:", EKEvent*>(this, identifier);
   }

@@ -17,7 +17,7 @@ class NSArray : public NSObject {
   NSUInteger indexOfObject(NSObject* object) {
     return objc::send<"indexOfObject:", NSUInteger>(this, object);
   }
-  /// None when the file is missing, unreadable or no array.
+  /// Nil when the file is missing, unreadable or no array.
   static NSArray* arrayWithContentsOfFile(NSString* path) {
     return objc::sendToClass<NSArray, "arrayWithContentsOfFile:", NSArray*>(path);
   }

@@ -11,10 +11,10 @@ class NSDictionary : public NSObject {
   NSDictionary() = delete;
 
   NSUInteger count() { return objc::send<"count", NSUInteger>(this); }
-  /// Borrowed; none when there is no entry or the key is none.
+  /// Borrowed; nil when there is no entry or the key is nil.
   NSObject* objectForKey(NSObject* key) { return objc::send<"objectForKey:", NSObject*>(this, key); }
   NSArray* allKeys() { return objc::send<"allKeys", NSArray*>(this); }
-  /// None when the file is missing, unreadable or no dictionary.
+  /// Nil when the file is missing, unreadable or no dictionary.
   static NSDictionary* dictionaryWithContentsOfFile(NSString* path) {
     return objc::sendToClass<NSDictionary, "dictionaryWithContentsOfFile:", NSDictionary*>(path);
   }

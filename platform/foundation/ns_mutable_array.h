@@ -11,7 +11,7 @@ class NSMutableArray : public NSArray {
   static NSMutableArray* arrayWithArray(NSArray* other) {
     return objc::sendToClass<NSMutableArray, "arrayWithArray:", NSMutableArray*>(other);
   }
-  /// The object must not be none.
+  /// The object must not be nil.
   void addObject(NSObject* object) { objc::send<"addObject:">(this, object); }
   void insertObject(NSObject* object, NSUInteger index) {
     objc::send<"insertObject:atIndex:">(this, object, index);

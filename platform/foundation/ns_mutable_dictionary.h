@@ -14,7 +14,7 @@ class NSMutableDictionary : public NSDictionary {
     return objc::sendToClass<NSMutableDictionary, "dictionaryWithContentsOfFile:", NSMutableDictionary*>(
         path);
   }
-  /// Neither object nor key may be none.
+  /// Neither object nor key may be nil.
   void setObject(NSObject* object, NSObject* key) { objc::send<"setObject:forKey:">(this, object, key); }
   void removeObjectForKey(NSObject* key) { objc::send<"removeObjectForKey:">(this, key); }
   void removeAllObjects() { objc::send<"removeAllObjects">(this); }

@@ -1,6 +1,6 @@
 // The root of all views. A view stands for an object of the platform: it has no data, is never constructed,
 // and each of its methods is one message send. Calling a method through a null view pointer is a message to
-// none and gives zero; every target that uses the views is compiled so that this holds.
+// nil and gives zero; every target that uses the views is compiled so that this holds.
 #pragma once
 
 #include "platform/objc/class_of.h"
@@ -28,6 +28,6 @@ class NSObject : public objc_object {
 };
 
 extern "C" {
-/// The class's name as a text (borrowed); none for no class.
+/// The class's name as a text (borrowed); nil for no class.
 NSString* NSStringFromClass(Class aClass);
 }

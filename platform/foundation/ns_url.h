@@ -9,7 +9,7 @@ class NSURL : public NSObject {
  public:
   NSURL() = delete;
 
-  /// None when the text is no URL.
+  /// Nil when the text is no URL.
   static NSURL* URLWithString(NSString* text) {
     return objc::sendToClass<NSURL, "URLWithString:", NSURL*>(text);
   }

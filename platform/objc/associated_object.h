@@ -10,9 +10,9 @@
 using objc_AssociationPolicy = std::uintptr_t;
 
 extern "C" {
-/// Associates `value` (none removes) with `object`. Policy 1 keeps a strong reference, non-atomically.
+/// Associates `value` (nil removes) with `object`. Policy 1 keeps a strong reference, non-atomically.
 void objc_setAssociatedObject(id object, const void* key, id value, objc_AssociationPolicy policy);
-/// The associated object (borrowed), or none.
+/// The associated object (borrowed), or nil.
 id objc_getAssociatedObject(id object, const void* key);
 }
 #endif

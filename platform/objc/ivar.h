@@ -1,4 +1,4 @@
-// Instance variables of host objects, reached by name. A variable that the host's class lacks reads as none,
+// Instance variables of host objects, reached by name. A variable that the host's class lacks reads as nil,
 // and writing to it does nothing.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace objc {
 
-/// Where the object keeps its instance variable of that name, or none when it has no such variable.
+/// Where the object keeps its instance variable of that name, or nil when it has no such variable.
 template <typename Type>
 inline Type** objectIvar(const void* object, const char* name) {
   if (object == nullptr) return nullptr;
@@ -18,7 +18,7 @@ inline Type** objectIvar(const void* object, const char* name) {
   return reinterpret_cast<Type**>(bytes + ivar_getOffset(variable));
 }
 
-/// The object in the instance variable (borrowed), or none.
+/// The object in the instance variable (borrowed), or nil.
 template <typename Type>
 inline Type* readIvar(const void* object, const char* name) {
   Type** const place = objectIvar<Type>(object, name);

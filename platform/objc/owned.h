@@ -8,7 +8,7 @@
 
 namespace objc {
 
-/// Holds one strong reference, or none, and releases it.
+/// Holds one strong reference, or nil, and releases it.
 template <typename Type>
 class Owned {
  public:
@@ -29,12 +29,12 @@ class Owned {
     return Owned(object);
   }
 
-  /// Borrowed; none when empty.
+  /// Borrowed; nil when empty.
   Type* get() const { return object_; }
   Type* operator->() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
 
-  /// Hands the reference to the caller, who must release it; leaves none behind.
+  /// Hands the reference to the caller, who must release it; leaves nil behind.
   Type* relinquish() { return std::exchange(object_, nullptr); }
   /// Hands the reference to the current autorelease pool and gives the object back, borrowed.
   Type* autorelease() {

@@ -20,7 +20,7 @@ inline SEL selector() {
   return registered;
 }
 
-/// The class of that name, or none. Only a class that was found is kept: a host may register it later.
+/// The class of that name, or nil. Only a class that was found is kept: a host may register it later.
 template <FixedString Name>
 inline Class classNamed() {
   static Class found = nullptr;

@@ -1,4 +1,4 @@
-// The message send: the one place that knows which runtime the library is compiled for. A message to none
+// The message send: the one place that knows which runtime the library is compiled for. A message to nil
 // gives zero for every result type, structs and floating point included.
 #pragma once
 
@@ -57,7 +57,7 @@ constexpr Sender superSender() {
 
 }  // namespace detail
 
-/// Sends the message. `receiver` may be none: the result is then zero.
+/// Sends the message. `receiver` may be nil: the result is then zero.
 template <typename Result = void, typename... Arguments>
 inline Result send(const void* receiver, SEL selector, Arguments... arguments) {
   if (receiver == nullptr) return Result();
@@ -74,7 +74,7 @@ inline Result send(const void* receiver, SEL selector, Arguments... arguments) {
 }
 
 /// Sends the message to the implementation above `superclass`'s subclass: the method that `superclass`
-/// gives its instances. `superclass` must not be none.
+/// gives its instances. `superclass` must not be nil.
 template <typename Result = void, typename... Arguments>
 inline Result sendSuper(Class superclass, const void* receiver, SEL selector, Arguments... arguments) {
   if (receiver == nullptr) return Result();
@@ -123,7 +123,7 @@ inline Result sendIfResponds(const void* receiver, Arguments... arguments) {
   return send<Result, Arguments...>(receiver, selector<Name>(), arguments...);
 }
 
-/// Sends a class method to the class of that name; a class that does not exist is none.
+/// Sends a class method to the class of that name; a class that does not exist is nil.
 template <FixedString ClassName, FixedString Name, typename Result = void, typename... Arguments>
 inline Result sendToClass(Arguments... arguments) {
   return send<Result, Arguments...>(classNamed<ClassName>(), selector<Name>(), arguments...);

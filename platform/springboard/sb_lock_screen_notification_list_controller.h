@@ -10,7 +10,7 @@ class SBLockScreenNotificationListController : public NSObject {
  public:
   SBLockScreenNotificationListController() = delete;
 
-  /// None when no item stands there.
+  /// Nil when no item stands there.
   NSObject* listItemAtIndexPath(NSIndexPath* indexPath) {
     return objc::send<"listItemAtIndexPath:", NSObject*>(this, indexPath);
   }
@@ -18,7 +18,7 @@ class SBLockScreenNotificationListController : public NSObject {
   void addBulletin(NSObject* observer, BBBulletin* bulletin, NSUInteger feed) {
     objc::send<"observer:addBulletin:forFeed:">(this, observer, bulletin, feed);
   }
-  /// Adds a record (iOS 8 and later), with an alert flag and a reply block or none.
+  /// Adds a record (iOS 8 and later), with an alert flag and a reply block or nil.
   void addBulletin(NSObject* observer, BBBulletin* bulletin, NSUInteger feed, bool playLightsAndSirens,
                    id reply) {
     objc::send<"observer:addBulletin:forFeed:playLightsAndSirens:withReply:">(this, observer, bulletin, feed,

@@ -9,7 +9,7 @@ class UIApplication : public NSObject {
  public:
   UIApplication() = delete;
 
-  /// None before the host has one.
+  /// Nil before the host has one.
   static UIApplication* sharedApplication() {
     return objc::sendToClass<UIApplication, "sharedApplication", UIApplication*>();
   }

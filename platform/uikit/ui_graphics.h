@@ -10,7 +10,7 @@ extern "C" {
 void UIGraphicsBeginImageContext(CGSize size);
 /// The same with a choice of opacity and scale (pixels per point; 0 means the main screen's).
 void UIGraphicsBeginImageContextWithOptions(CGSize size, bool opaque, CGFloat scale);
-/// The current canvas, or none.
+/// The current canvas, or nil.
 CGContextRef UIGraphicsGetCurrentContext();
 void UIGraphicsPushContext(CGContextRef context);
 void UIGraphicsPopContext();

@@ -9,7 +9,7 @@ class UITableView : public UIView {
  public:
   UITableView() = delete;
 
-  /// None when the cell is not in the table.
+  /// Nil when the cell is not in the table.
   NSIndexPath* indexPathForCell(UIView* cell) {
     return objc::send<"indexPathForCell:", NSIndexPath*>(this, cell);
   }

@@ -10,7 +10,7 @@ class UITableViewCell : public UIView {
   UITableViewCell() = delete;
 
   UILabel* textLabel() { return objc::send<"textLabel", UILabel*>(this); }
-  /// None in a cell whose style has one text only.
+  /// Nil in a cell whose style has one text only.
   UILabel* detailTextLabel() { return objc::send<"detailTextLabel", UILabel*>(this); }
   UIView* contentView() { return objc::send<"contentView", UIView*>(this); }
 };

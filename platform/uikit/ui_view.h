@@ -10,7 +10,7 @@ class UIView : public NSObject {
  public:
   UIView() = delete;
 
-  /// None at the top of the hierarchy.
+  /// Nil at the top of the hierarchy.
   UIView* superview() { return objc::send<"superview", UIView*>(this); }
   NSArray* subviews() { return objc::send<"subviews", NSArray*>(this); }
   CGRect frame() { return objc::send<"frame", CGRect>(this); }

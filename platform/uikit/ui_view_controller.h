@@ -7,7 +7,7 @@ class UIViewController : public NSObject {
  public:
   UIViewController() = delete;
 
-  /// None for a controller that stands alone.
+  /// Nil for a controller that stands alone.
   UIViewController* parentViewController() {
     return objc::send<"parentViewController", UIViewController*>(this);
   }

@@ -41,7 +41,7 @@ void buildRow(EKEventDetailItemOrv* item) {
   setObject<"tapGestureRecognizer">(item, recognizer.get());
 }
 
-/// Makes flips write this event's entry; reads no store. Returns the event's URL text, or none (borrowed).
+/// Makes flips write this event's entry; reads no store. Returns the event's URL text, or nil (borrowed).
 NSString* pointAt(EKEventDetailItemOrv* item, EKEvent* event) {
   NSString* const urlText = externalURLText(event);
   setFlagProperty<kLacksURLText>(item, nullptr, urlText == nullptr);

@@ -14,7 +14,7 @@ class EKEventDetailItemOrv : public EKEventDetailItem {
 
   void setCellIsVisible(bool visible) { objc::send<"setCellIsVisible:">(this, visible); }
   bool showOnLockscreen() { return objc::send<"showOnLockscreen", bool>(this); }
-  /// The row's switch; none before the row was asked for.
+  /// The row's switch; nil before the row was asked for.
   UISwitch* dndSwitch() { return objc::send<"dndSwitch", UISwitch*>(this); }
 };
 
@@ -33,7 +33,7 @@ void setEvent(EKEventDetailItemOrv* self, SEL selector, EKEvent* event, EKEventS
 
 UITableViewCell* detailCellInSubsection(EKEventDetailItemOrv* self, SEL selector, NSUInteger index,
                                         NSUInteger subsection);
-/// The item's one row, built at the first request for index 0; none for other indexes.
+/// The item's one row, built at the first request for index 0; nil for other indexes.
 UITableViewCell* detailCell(EKEventDetailItemOrv* self, SEL selector, NSUInteger index);
 
 /// Writes the choice for the event of the view in use. Without such a view, which no user can flip a switch

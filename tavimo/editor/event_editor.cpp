@@ -27,7 +27,7 @@ bool editsNewEvent(EKEventEditor* editor) {
   return objc::isOfClass(editor->parentViewController()->parentViewController(), "AddEventViewController");
 }
 
-/// The editor's new item in the state that its event asks for; none when the class is not there.
+/// The editor's new item in the state that its event asks for; nil when the class is not there.
 objc::Owned<EKEventOrvItem> makeItem(EKEventEditor* editor) {
   auto item = objc::make<EKEventOrvItem>();
   item->setCalendarItem(editor->calendarItem(), editor->store());

@@ -5,7 +5,7 @@
 
 namespace tavimo {
 
-/// The item's external URL as a text (borrowed); none before its first save.
+/// The item's external URL as a text (borrowed); nil before its first save.
 NSString* externalURLText(EKCalendarItem* item);
 
 /// Whether the event with that URL text is shown on the lock screen; one without URL text is.

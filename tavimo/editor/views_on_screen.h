@@ -15,7 +15,7 @@ void noteDisappeared(EKEventViewController* view);
 /// Whether the view's list, as it was built last, has the detail item.
 void noteListsItem(EKEventViewController* view, bool listsItem);
 
-/// Of the views on screen whose list has the detail item, the one that appeared last (borrowed); none when
+/// Of the views on screen whose list has the detail item, the one that appeared last (borrowed); nil when
 /// there is no such view.
 EKEventViewController* viewInUse();
 

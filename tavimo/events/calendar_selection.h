@@ -6,7 +6,7 @@
 
 namespace tavimo {
 
-/// The calendars to search (borrowed); it may be empty. None when the store is not to be searched at all.
+/// The calendars to search (borrowed); it may be empty. Nil when the store is not to be searched at all.
 NSArray* selectedCalendars(EKEventStore* store);
 
 }  // namespace tavimo

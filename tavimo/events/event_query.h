@@ -8,7 +8,7 @@
 namespace tavimo {
 
 /// The events from now to the end of the last day to display, in the calendar store's order, at most
-/// `maxEventsToDisplay` of them when that is positive. Empty, never none, when anything is missing. An event
+/// `maxEventsToDisplay` of them when that is positive. Empty, never nil, when anything is missing. An event
 /// may lose its content with its store: the store has to live for as long as the events are read.
 objc::Owned<NSArray> fetchCalendarEvents(EKEventStore* store);
 

@@ -7,16 +7,16 @@
 namespace tavimo {
 
 /// The key of the event with that URL text: what stands before the first "?o=", which all occurrences of an
-/// event share. A text without it is its own key; none gives none (borrowed).
+/// event share. A text without it is its own key; nil gives nil (borrowed).
 NSString* hiddenEventKey(NSString* urlText);
 
-/// The store's entries (borrowed); empty, never none, when the file is missing or no dictionary.
+/// The store's entries (borrowed); empty, never nil, when the file is missing or no dictionary.
 NSDictionary* loadHiddenEvents();
 
 /// Whether the store has an entry, of any value, under the key. No key is never hidden.
 bool isHiddenEvent(NSDictionary* store, NSString* key);
 
-/// Adds or removes the entry and writes the file, even when nothing changed. The key must not be none. A
+/// Adds or removes the entry and writes the file, even when nothing changed. The key must not be nil. A
 /// write that fails leaves the old file.
 void setEventHidden(NSString* key, bool hidden);
 

@@ -15,9 +15,9 @@ struct HookEntry {
   const char* className;
   const char* selector;
   IMP replacement;
-  /// Where the host's implementation is kept; none for a method that is added.
+  /// Where the host's implementation is kept; nil for a method that is added.
   IMP* displaced;
-  /// The type encoding of a method that is added; none for a replacement.
+  /// The type encoding of a method that is added; nil for a replacement.
   const char* encoding;
 };
 

@@ -16,24 +16,24 @@ enum class Publisher {
   kSibling,
 };
 
-/// The publisher that the record's identifier names. No record, and an identifier that is none or no text,
+/// The publisher that the record's identifier names. No record, and an identifier that is nil or no text,
 /// belong to others.
 Publisher publisherOf(BBBulletin* bulletin);
 
-/// The record's list item when `item` is one of the class that shows records, else none.
+/// The record's list item when `item` is one of the class that shows records, else nil.
 SBAwayBulletinListItem* asBulletinListItem(NSObject* item);
 
-/// The item's record, or none (borrowed): the items of some releases cannot be asked for it.
+/// The item's record, or nil (borrowed): the items of some releases cannot be asked for it.
 BBBulletin* recordOf(SBAwayBulletinListItem* item);
 
 /// The publisher of an item looked up from the list; items of other classes belong to others.
 Publisher publisherOfItem(NSObject* item);
 
-/// The record of an item looked up from the list when it is the plug-in's own, else none (borrowed). An item
+/// The record of an item looked up from the list when it is the plug-in's own, else nil (borrowed). An item
 /// asked a second time may answer differently: go on with this record.
 BBBulletin* ownRecordOf(NSObject* item);
 
-/// The item of that row of the current list, or none (borrowed).
+/// The item of that row of the current list, or nil (borrowed).
 NSObject* listItemAt(NSIndexPath* indexPath);
 
 }  // namespace tavimo

@@ -6,9 +6,9 @@
 #include "platform/springboard/sb_lock_screen_view.h"
 #include "tavimo/export.h"
 
-/// The list controller that loaded its view last; none before the first load.
+/// The list controller that loaded its view last; nil before the first load.
 TAVIMO_EXPORT SBLockScreenNotificationListController* sBLockScreenNotificationListController;
-/// The lock screen view that was created last; none before the first one.
+/// The lock screen view that was created last; nil before the first one.
 TAVIMO_EXPORT SBLockScreenView* sBLockScreenView;
 /// How many events the last load with the system enabled found, hidden ones included.
 TAVIMO_EXPORT NSInteger tvmItemsCount;
@@ -18,7 +18,7 @@ TAVIMO_EXPORT double cellWithoutSubtitleHeight;
 
 namespace tavimo {
 
-/// The last "OverlayContext..." name that asked for an underlay while the system was enabled, or none.
+/// The last "OverlayContext..." name that asked for an underlay while the system was enabled, or nil.
 extern NSString* lastOverlayContextRequester;
 
 }  // namespace tavimo

@@ -45,7 +45,7 @@ TAVIMO_EXPORT NSInteger daysToDisplay;
 TAVIMO_EXPORT NSInteger maxEventsToDisplay;
 /// "NONE", "DOT", "DOT_LARGE" or the path of an image file.
 TAVIMO_EXPORT NSString* iconFile;
-/// The image that `iconFile` names, or none.
+/// The image that `iconFile` names, or nil.
 TAVIMO_EXPORT UIImage* icon;
 /// Years between the items' ordering dates and now, see item_ordering.h; -100 for no ordering.
 TAVIMO_EXPORT NSInteger sortPriority;

@@ -19,7 +19,7 @@ using contract::SettingKind;
 /// Roundness of the calendar app's icon; the corner's radius in points is its square.
 constexpr double kIconCornerRadius = 3.0;
 
-/// The value under the key when it knows the conversion, else none. Numbers and texts know all of them.
+/// The value under the key when it knows the conversion, else nil. Numbers and texts know all of them.
 template <objc::FixedString Conversion>
 NSNumber* convertible(NSDictionary* values, NSString* key) {
   NSObject* const value = values->objectForKey(key);

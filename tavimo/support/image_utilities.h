@@ -12,7 +12,7 @@ namespace tavimo {
 objc::Owned<UIImage> coloredDot(UIColor* color, double diameter);
 
 /// A copy of the image with rounded corners at the screen's scale. The corner is cut with the square of
-/// `radius` in points. No image gives none.
+/// `radius` in points. No image gives nil.
 objc::Owned<UIImage> roundedCopy(UIImage* image, double radius);
 
 }  // namespace tavimo

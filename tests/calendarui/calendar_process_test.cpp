@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/uikit/ui_alert_view.h"
 #include "platform/eventkit/ek_calendar.h"

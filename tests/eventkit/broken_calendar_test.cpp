@@ -1,7 +1,7 @@
 // Calendars that are broken here and there, or hold what the phone has no place for: what is taken of them,
 // and what is said of the rest.
-#include "phone/eventkit/event_query.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/occurrence_query.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 
 namespace phone {

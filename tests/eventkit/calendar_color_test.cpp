@@ -1,5 +1,5 @@
 // The colours that calendar files give.
-#include "phone/eventkit/calendar_color.h"
+#include "phone/calendarstore/database/calendar_color.h"
 
 #include <gtest/gtest.h>
 

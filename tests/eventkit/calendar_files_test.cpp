@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "phone/eventkit/event_query.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/occurrence_query.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 #include "tests/support/built.h"
 

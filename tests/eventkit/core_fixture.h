@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "phone/eventkit/calendar_database.h"
+#include "phone/calendarstore/database/calendar_database.h"
 
 namespace phone {
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "phone/eventkit/event_zone.h"
+#include "phone/calendarstore/recurrence/event_zone.h"
 
 namespace phone {
 namespace {

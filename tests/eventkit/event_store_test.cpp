@@ -1,7 +1,7 @@
 // The store's classes as a calendar app uses them: adding, finding, changing and removing events.
 #include <fstream>
 
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "phone/foundation/log_sink.h"
 #include "tests/eventkit/store_fixture.h"
 

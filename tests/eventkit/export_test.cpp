@@ -1,12 +1,11 @@
 // What an export writes, an import reads: the same calendars with the same events.
-#include "phone/eventkit/export.h"
-
 #include <algorithm>
 
-#include "phone/eventkit/event_edit.h"
-#include "phone/eventkit/event_query.h"
-#include "phone/eventkit/event_table.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/event_changes.h"
+#include "phone/calendarstore/database/event_table.h"
+#include "phone/calendarstore/database/occurrence_query.h"
+#include "phone/calendarstore/ics/calendar_export.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 #include "tests/support/built.h"
 

@@ -2,9 +2,9 @@
 #include <ctime>
 #include <map>
 
-#include "phone/eventkit/event_query.h"
-#include "phone/eventkit/import.h"
-#include "phone/eventkit/recurrence_rule.h"
+#include "phone/calendarstore/database/occurrence_query.h"
+#include "phone/calendarstore/ics/calendar_import.h"
+#include "phone/calendarstore/recurrence/recurrence_rule.h"
 #include "tests/eventkit/core_fixture.h"
 
 namespace phone {

@@ -1,8 +1,7 @@
 // Importing: all or nothing, again and again, from files and folders, and what a broken file is answered
 // with.
-#include "phone/eventkit/import.h"
-
-#include "phone/eventkit/event_edit.h"
+#include "phone/calendarstore/database/event_changes.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 
 namespace phone {

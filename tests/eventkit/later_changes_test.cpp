@@ -2,10 +2,10 @@
 // repetitions out (EXRULE): imported, searched in one piece and in many, edited on the phone.
 #include <ctime>
 
-#include "phone/eventkit/calendar_edit.h"
-#include "phone/eventkit/event_edit.h"
-#include "phone/eventkit/identifiers.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/calendar_edit.h"
+#include "phone/calendarstore/database/event_changes.h"
+#include "phone/calendarstore/database/identifiers.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 
 namespace phone {

@@ -1,4 +1,4 @@
-#include "phone/eventkit/memory_check.h"
+#include "phone/calendarstore/memory_check.h"
 
 #include <gtest/gtest.h>
 

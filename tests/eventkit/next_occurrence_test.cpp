@@ -1,8 +1,8 @@
 // Which occurrence of an event is the next one, wherever "now" stands.
-#include "phone/eventkit/next_occurrence.h"
+#include "phone/calendarstore/database/next_occurrence.h"
 
-#include "phone/eventkit/event_lookup.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/event_lookup.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 
 namespace phone {

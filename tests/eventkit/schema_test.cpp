@@ -1,8 +1,8 @@
 // Databases of other versions of the phone.
-#include "phone/eventkit/schema.h"
+#include "phone/calendarstore/database/schema.h"
 
-#include "phone/eventkit/event_query.h"
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/database/occurrence_query.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/core_fixture.h"
 
 namespace phone {

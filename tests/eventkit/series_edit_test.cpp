@@ -1,5 +1,5 @@
 // Events that repeat, edited one occurrence at a time or from one occurrence on.
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/eventkit/store_fixture.h"
 
 namespace phone {

@@ -7,7 +7,7 @@
 #include <string>
 #include <unistd.h>
 
-#include "phone/eventkit/calendar_database.h"
+#include "phone/calendarstore/database/calendar_database.h"
 #include "phone/eventkit/ek_objects.h"
 #include "phone/eventkit/eventkit.h"
 #include "phone/eventkit/store_connection.h"

@@ -1,5 +1,5 @@
 // Telling UTF-8 from other texts, at the edges of what its bytes may be.
-#include "phone/eventkit/utf8.h"
+#include "phone/calendarstore/ics/utf8.h"
 
 #include <gtest/gtest.h>
 

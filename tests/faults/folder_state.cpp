@@ -5,7 +5,7 @@
 #include <plist/plist.h>
 #include <regex>
 
-#include "phone/eventkit/sqlite.h"
+#include "phone/calendarstore/database/sqlite.h"
 
 namespace phone {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "tests/foundation/temporary_folder.h"
 #include "tests/support/built.h"
 

@@ -66,7 +66,7 @@ TEST(DateTexts, tellWhenATimeComesAndHowLongAgoAMessageCame) {
   }
   EXPECT_EQ(relevanceText(objc::make<BBBulletin>().get()), nullptr);
   EXPECT_STREQ(clockText(at(kMidnight + 5 * kMinute))->UTF8String(), "0:05");
-  EXPECT_STREQ(dayText(at(kFridayNoon))->UTF8String(), "Friday, March 7");
+  EXPECT_STREQ(todayText(at(kFridayNoon))->UTF8String(), "Friday, March 7");
 }
 
 }  // namespace

@@ -6,10 +6,10 @@
 
 namespace tavimo {
 
-/// The nearest table view that encloses the view, or none.
+/// The nearest table view that encloses the view, or nil.
 UITableView* tableViewForCell(UIView* view);
 
-/// The cell's row; none for a cell outside a table. None reads as row 0 of section 0.
+/// The cell's row; nil for a cell outside a table. Nil reads as row 0 of section 0.
 NSIndexPath* indexPathOfCell(UIView* cell);
 
 }  // namespace tavimo

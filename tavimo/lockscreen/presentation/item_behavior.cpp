@@ -14,7 +14,7 @@ namespace {
 constexpr double kDotDiameter = 30.0;
 constexpr double kLargeDotDiameter = 50.0;
 
-/// The list item's record when the item is the plug-in's own, else none. Both callers are methods of the list
+/// The list item's record when the item is the plug-in's own, else nil. Both callers are methods of the list
 /// item class itself, so the record's identifier alone decides. Not every release's items can be asked for
 /// it; while disabled, that only serves the debug message.
 TAVIMO_OWN_WORK BBBulletin* ownRecord(SBAwayBulletinListItem* item) {

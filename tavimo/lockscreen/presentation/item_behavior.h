@@ -15,7 +15,7 @@ inline constinit objc::Displaced<bool(SBAwayBulletinListItem*, SEL)> canBeCleare
 inline constinit objc::Displaced<bool(SBLockScreenNotificationListView*, SEL, UITableView*, NSIndexPath*)>
     canEditRowDisplaced;
 
-/// The chosen icon for own items (borrowed); none when they have no icon.
+/// The chosen icon for own items (borrowed); nil when they have no icon.
 UIImage* iconImage(SBAwayBulletinListItem* self, SEL selector);
 
 /// False for own items: they go when their event goes.

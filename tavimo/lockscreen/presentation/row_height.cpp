@@ -27,7 +27,7 @@ double ownRowHeight(BBBulletin* bulletin) {
   return titleHeight + lineHeight(subtitleTextSize) + kSpaceAboveFirstLine + kSpaceBelowLastLine;
 }
 
-/// The record of the row's item when the item is the plug-in's own, else none.
+/// The record of the row's item when the item is the plug-in's own, else nil.
 BBBulletin* ownRecordOfRow(NSObject* item) {
   SBAwayBulletinListItem* const listItem = asBulletinListItem(item);
   if (listItem == nullptr) {

@@ -7,7 +7,7 @@
 
 namespace tavimo {
 
-/// A record for the event at that position of the query's result; none when the host has no such class.
+/// A record for the event at that position of the query's result; nil when the host has no such class.
 objc::Owned<BBBulletin> bulletinForEvent(EKEvent* event, NSUInteger position);
 
 }  // namespace tavimo

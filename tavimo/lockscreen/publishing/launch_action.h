@@ -6,7 +6,7 @@
 
 namespace tavimo {
 
-/// The action for the event by `swipeAction` (borrowed); none when a tap is to do nothing.
+/// The action for the event by `swipeAction` (borrowed); nil when a tap is to do nothing.
 BBAction* launchAction(EKEvent* event);
 
 }  // namespace tavimo

@@ -10,7 +10,7 @@ namespace tavimo {
 
 namespace {
 
-/// The record that asks for the screen, or none when the argument is of a class without one.
+/// The record that asks for the screen, or nil when the argument is of a class without one.
 BBBulletin* bulletinBehind(NSObject* item) {
   if (auto* const bulletin = objc::exactly<BBBulletin>(item)) return bulletin;
   if (auto* const bannerItem = objc::exactly<SBLockScreenNotificationBulletinBannerItem>(item)) {

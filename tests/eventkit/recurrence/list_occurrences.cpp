@@ -7,8 +7,8 @@
 #include <sstream>
 #include <vector>
 
-#include "phone/eventkit/ical_owned.h"
-#include "phone/eventkit/recurrence_rule.h"
+#include "phone/calendarstore/recurrence/ical_owned.h"
+#include "phone/calendarstore/recurrence/recurrence_rule.h"
 
 namespace phone {
 namespace {

@@ -1,10 +1,10 @@
 // Rules as they are read from files and kept: their ends, what they ignore, and cases whose dates were worked
 // out by hand. check_recurrence holds thousands of others against an independent library.
-#include "phone/eventkit/recurrence_rule.h"
+#include "phone/calendarstore/recurrence/recurrence_rule.h"
 
 #include <gtest/gtest.h>
 
-#include "phone/eventkit/ical_owned.h"
+#include "phone/calendarstore/recurrence/ical_owned.h"
 #include "tests/eventkit/core_fixture.h"
 #include "tests/support/heap.h"
 

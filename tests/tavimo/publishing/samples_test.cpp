@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "phone/eventkit/import.h"
+#include "phone/calendarstore/ics/calendar_import.h"
 #include "phone/eventkit/store_connection.h"
 #include "phone/foundation/foundation.h"
 #include "phone/springboard/home_screen.h"
