@@ -94,14 +94,12 @@ CGRect contentBounds(NSObject*, SEL) { return {{0, 0}, {320, 60}}; }
 NSIndexPath* indexPathForCell(UITableView* self, SEL, UIView*) { return stateOf<TableState>(self).row.get(); }
 
 ClassDefinition bulletin() {
-  return {
-      .name = "BBBulletin",
-      .superclass = "NSObject",
-      .state = state<BulletinState>(),
-      .methods = {getter<&BulletinState::bulletinID>("bulletinID"),
-                  setter<&BulletinState::bulletinID>("setBulletinID:"),
-                  getter<&BulletinState::message>("message"), setter<&BulletinState::message>("setMessage:"),
-                  getter<&BulletinState::subtitle>("subtitle")}};
+  return {.name = "BBBulletin",
+          .superclass = "NSObject",
+          .state = state<BulletinState>(),
+          .methods = {property<&BulletinState::bulletinID, "bulletinID">(),
+                      property<&BulletinState::message, "message">(),
+                      getter<&BulletinState::subtitle>("subtitle")}};
 }
 
 ClassDefinition listItem() {
@@ -148,10 +146,8 @@ ClassDefinition label() {
   return {.name = "UILabel",
           .superclass = "NSObject",
           .state = state<LabelState>(),
-          .methods = {getter<&LabelState::font>("font"), setter<&LabelState::font>("setFont:"),
-                      getter<&LabelState::textColor>("textColor"),
-                      setter<&LabelState::textColor>("setTextColor:"), getter<&LabelState::text>("text"),
-                      setter<&LabelState::text>("setText:"), setter<&LabelState::frame>("setFrame:")}};
+          .methods = {property<&LabelState::font, "font">(), property<&LabelState::textColor, "textColor">(),
+                      property<&LabelState::text, "text">(), setter<&LabelState::frame>("setFrame:")}};
 }
 
 ClassDefinition row() {

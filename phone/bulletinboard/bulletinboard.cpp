@@ -11,8 +11,6 @@ ClassDefinition bbObserver() { return {.name = "BBObserver", .superclass = "NSOb
 
 }  // namespace
 
-void registerBulletinBoard() {
-  for (ClassDefinition (*const define)() : {bbAction, bbBulletin, bbObserver}) registerClass(define());
-}
+void registerBulletinBoard() { registerClasses({bbAction, bbBulletin, bbObserver}); }
 
 }  // namespace phone

@@ -8,7 +8,7 @@ ClassDefinition addEventViewController() {
 
 objc::Owned<UIViewController> makeAddEventViewController(EKEventEditViewController* frame) {
   auto screen = objc::make<UIViewController, "AddEventViewController">();
-  objc::send<"addChildViewController:">(screen.get(), static_cast<UIViewController*>(frame));
+  screen->addChildViewController(static_cast<UIViewController*>(frame));
   return screen;
 }
 

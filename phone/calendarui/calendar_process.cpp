@@ -29,9 +29,9 @@ const ItemTable& rowsOf(UIViewController* controller) {
                               : tableOf(static_cast<EKEventViewController*>(controller));
 }
 
-void appear(UIViewController* controller) { objc::send<"viewWillAppear:">(controller, true); }
+void appear(UIViewController* controller) { controller->viewWillAppear(true); }
 
-void disappear(UIViewController* controller) { objc::send<"viewWillDisappear:">(controller, true); }
+void disappear(UIViewController* controller) { controller->viewWillDisappear(true); }
 
 ScreenBar barOf(UIViewController* controller) {
   if (!isEditor(controller)) return {"Event Details", "‹ Back", "Edit"};
@@ -144,7 +144,7 @@ void CalendarProcess::enter(EKEventEditor* editor, const EventFields& fields) {
 
 bool CalendarProcess::close(EKEventEditor* editor, EditAction action) {
   const AutoreleasePool pool;
-  objc::send<"completeWithAction:animated:">(editor, static_cast<NSInteger>(action), true);
+  editor->completeWithAction(static_cast<NSInteger>(action), true);
   const auto place = std::ranges::find_if(
       editors_, [editor](const OpenEditor& each) { return each.frame->editor() == editor; });
   if (place == editors_.end() || isOpen(place->frame.get())) return false;

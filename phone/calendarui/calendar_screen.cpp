@@ -40,13 +40,13 @@ UIColor* textColor() { return color(0, 0, 0); }
 class Sheet {
  public:
   Sheet(const ScreenBar& bar, const ItemTable& table)
-      : width_(hostOptions().screenWidth), view_(makeView<UIView, "UIView">()) {
+      : width_(hostOptions().screenWidth), view_(makeView<UIView>()) {
     setBackground(view_.get(), backdropColor());
     addBar(bar);
     for (const auto& cells : table.groups) addGroup(cells);
     if (!bar.deleteButton.empty()) addDeleteButton(bar.deleteButton);
     view_->setFrame({{0, 0}, {width_, std::max(bottom_ + kGroupGap, hostOptions().screenHeight)}});
-    objc::send<"layoutIfNeeded">(view_.get());
+    view_->layoutIfNeeded();
   }
 
   UIView* view() const { return view_.get(); }
@@ -88,7 +88,7 @@ class Sheet {
     addLine(0, bottom_);
   }
 
-  static void setBackground(UIView* view, UIColor* color) { objc::send<"setBackgroundColor:">(view, color); }
+  static void setBackground(UIView* view, UIColor* color) { view->setBackgroundColor(color); }
 
   void beginGroup() {
     bottom_ += kGroupGap;
@@ -110,7 +110,7 @@ class Sheet {
   }
 
   void addBlock(CGRect frame, UIColor* color) {
-    auto block = makeView<UIView, "UIView">(frame);
+    auto block = makeView<UIView>(frame);
     setBackground(block.get(), color);
     view_->addSubview(block.get());
   }
@@ -118,11 +118,11 @@ class Sheet {
   void addLine(double left, double y) { addBlock({{left, y - 0.5}, {width_ - left, 0.5}}, lineColor()); }
 
   UILabel* addText(const std::string& text, CGRect frame, UIColor* color, Alignment alignment) {
-    auto label = makeView<UILabel, "UILabel">(frame);
+    auto label = makeView<UILabel>(frame);
     label->setFont(UIFont::systemFontOfSize(kTextSize));
     label->setTextColor(color);
     label->setText(NSString::stringWithUTF8String(text.c_str()));
-    objc::send<"setTextAlignment:">(label.get(), NSInteger{alignment});
+    label->setTextAlignment(NSInteger{alignment});
     view_->addSubview(label.get());
     return label.get();
   }

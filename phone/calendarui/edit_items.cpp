@@ -58,7 +58,7 @@ UITableViewCell* dateCell(EKEventEditItem* self, SEL selector, NSUInteger index)
   const CGSize content = cell->contentView()->bounds().size;
   const CGSize size = allDay->sizeThatFits({});
   allDay->setFrame({{content.width - size.width - kMargin, (content.height - size.height) / 2}, size});
-  allDay->setAutoresizingMask(kFlexibleLeftMargin);
+  allDay->setAutoresizingMask(UIView::kFlexibleLeftMargin);
   cell->contentView()->addSubview(allDay.get());
   return cell;
 }

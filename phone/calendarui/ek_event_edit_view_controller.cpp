@@ -33,9 +33,9 @@ objc::Owned<EKEventEditViewController> makeEditViewController(EKEvent* event, EK
                                                               NSObject* delegate) {
   auto frame = objc::make<EKEventEditViewController>();
   auto editor = objc::make<EKEventEditor>();
-  objc::send<"setCalendarItem:">(editor.get(), static_cast<EKCalendarItem*>(event));
-  objc::send<"setStore:">(editor.get(), store);
-  objc::send<"addChildViewController:">(frame.get(), static_cast<UIViewController*>(editor.get()));
+  editor->setCalendarItem(static_cast<EKCalendarItem*>(event));
+  editor->setStore(store);
+  frame->addChildViewController(static_cast<UIViewController*>(editor.get()));
   auto& state = stateOf<EditViewControllerState>(frame.get());
   state.editor = std::move(editor);
   state.delegate = delegate;

@@ -104,16 +104,14 @@ void completeWithAction(EKEventEditor* self, SEL, NSInteger action, bool /*anima
 }  // namespace
 
 ClassDefinition ekEventEditor() {
-  return {
-      .name = "EKEventEditor",
-      .superclass = "UIViewController",
-      .ivars = {{kEditItems}, {kOrderedEditItems, true, kSinceIos8}},
-      .state = state<EventEditorState>(),
-      .methods = {getter<&EventEditorState::calendarItem>("calendarItem"),
-                  setter<&EventEditorState::calendarItem>("setCalendarItem:"),
-                  getter<&EventEditorState::store>("store"), setter<&EventEditorState::store>("setStore:"),
-                  method("_editItems", editItems), method("viewWillAppear:", viewWillAppear),
-                  method("completeWithAction:animated:", completeWithAction)}};
+  return {.name = "EKEventEditor",
+          .superclass = "UIViewController",
+          .ivars = {{kEditItems}, {kOrderedEditItems, true, kSinceIos8}},
+          .state = state<EventEditorState>(),
+          .methods = {property<&EventEditorState::calendarItem, "calendarItem">(),
+                      property<&EventEditorState::store, "store">(), method("_editItems", editItems),
+                      method("viewWillAppear:", viewWillAppear),
+                      method("completeWithAction:animated:", completeWithAction)}};
 }
 
 const ItemTable& tableOf(EKEventEditor* editor) { return stateOf<EventEditorState>(editor).table; }

@@ -60,8 +60,8 @@ ClassDefinition ekEventViewController() {
   return {.name = "EKEventViewController",
           .superclass = "UIViewController",
           .state = state<EventViewState>(),
-          .methods = {getter<&EventViewState::event>("event"), setter<&EventViewState::event>("setEvent:"),
-                      method("_items", detailItems), method("viewWillAppear:", viewWillAppear),
+          .methods = {property<&EventViewState::event, "event">(), method("_items", detailItems),
+                      method("viewWillAppear:", viewWillAppear),
                       method("eventEditViewController:didCompleteWithAction:", editorDidComplete)}};
 }
 

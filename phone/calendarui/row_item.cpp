@@ -52,7 +52,7 @@ UITableViewCell* makeCell(const RowText& row) {
 
 }  // namespace
 
-std::vector<MethodDefinition> plainItemMethods() {
+std::vector<MethodRows> plainItemMethods() {
   return {method("numberOfSubitems", oneSubitem), method("cellForSubitemAtIndex:", noCell),
           method("cellForSubitemAtIndex:inSubsection:", cellInSubsection)};
 }

@@ -11,7 +11,7 @@ namespace phone {
 
 /// The row methods of an item base class: one row, whose cell subclasses supply. A request by subsection is
 /// one without it.
-std::vector<MethodDefinition> plainItemMethods();
+std::vector<MethodRows> plainItemMethods();
 
 /// A new cell with that text (borrowed), or nil when there are fewer.
 UITableViewCell* makeRowCell(const std::vector<RowText>& rows, NSUInteger index);
@@ -27,7 +27,7 @@ struct TextItem {
   static UITableViewCell* cellForSubitem(NSObject* self, SEL, NSUInteger index) {
     return makeRowCell(texts(self), index);
   }
-  static std::vector<MethodDefinition> methods() {
+  static std::vector<MethodRows> methods() {
     return {method("numberOfSubitems", numberOfSubitems), method("cellForSubitemAtIndex:", cellForSubitem)};
   }
 };

@@ -8,6 +8,7 @@
 #include "phone/eventkit/eventkit.h"
 #include "phone/foundation/phone_root.h"
 #include "platform/foundation/ns_string.h"
+#include "platform/foundation/ns_time_zone.h"
 
 namespace phone {
 
@@ -45,8 +46,8 @@ std::optional<FileIdentity> identify(const std::filesystem::path& path) {
 }
 
 std::string defaultZoneName() {
-  id const zone = objc::sendToClass<"NSTimeZone", "defaultTimeZone", id>();
-  NSString* const name = objc::send<"name", NSString*>(zone);
+  NSTimeZone* const zone = NSTimeZone::defaultTimeZone();
+  NSString* const name = zone->name();
   return name == nullptr ? "" : name->UTF8String();
 }
 

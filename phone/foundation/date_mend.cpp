@@ -9,6 +9,7 @@
 #include "phone/objc/unknown_selector.h"
 #include "platform/foundation/ns_date.h"
 #include "platform/foundation/ns_string.h"
+#include "platform/foundation/ns_time_zone.h"
 
 namespace phone {
 
@@ -18,8 +19,8 @@ namespace {
 constexpr double kMaxSeconds = 1e17;
 
 NSInteger secondsFromUniversalTime(NSDate* date) {
-  id const zone = objc::sendToClass<"NSTimeZone", "defaultTimeZone", id>();
-  return objc::send<"secondsFromGMTForDate:", NSInteger>(zone, date);
+  NSTimeZone* const zone = NSTimeZone::defaultTimeZone();
+  return zone->secondsFromGMTForDate(date);
 }
 
 NSString* description(NSDate* self, SEL) {

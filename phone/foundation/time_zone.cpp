@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/foundation/ns_string.h"
+#include "platform/foundation/ns_time_zone.h"
 
 namespace phone {
 
@@ -31,31 +32,29 @@ std::string zoneOfSystem() {
 }
 
 /// The zone of that name (borrowed), or nil.
-id zoneNamed(const std::string& name) {
+NSTimeZone* zoneNamed(const std::string& name) {
   NSString* const text = name.empty() ? nullptr : NSString::stringWithUTF8String(name.c_str());
-  return text == nullptr ? nullptr : objc::sendToClass<"NSTimeZone", "timeZoneWithName:", id>(text);
+  return text == nullptr ? nullptr : NSTimeZone::timeZoneWithName(text);
 }
 
-id zoneOfUser(const std::string& name) {
+NSTimeZone* zoneOfUser(const std::string& name) {
   if (!name.empty()) {
-    if (id const zone = zoneNamed(name); zone != nullptr) return zone;
+    if (NSTimeZone* const zone = zoneNamed(name); zone != nullptr) return zone;
     throw std::invalid_argument("unknown time zone \"" + name + "\": use a name such as Europe/Berlin");
   }
   const std::string fromEnvironment = zoneFromEnvironment();
   if (!fromEnvironment.empty()) {
-    if (id const zone = zoneNamed(fromEnvironment); zone != nullptr) return zone;
+    if (NSTimeZone* const zone = zoneNamed(fromEnvironment); zone != nullptr) return zone;
     throw std::invalid_argument(
         "the variable TZ names an unknown time zone \"" + fromEnvironment +
         "\": set it to a name such as Europe/Berlin, or give the zone with --timezone");
   }
-  if (id const zone = zoneNamed(zoneOfSystem()); zone != nullptr) return zone;
-  return objc::sendToClass<"NSTimeZone", "systemTimeZone", id>();
+  if (NSTimeZone* const zone = zoneNamed(zoneOfSystem()); zone != nullptr) return zone;
+  return NSTimeZone::systemTimeZone();
 }
 
 }  // namespace
 
-void setTimeZone(const std::string& name) {
-  objc::sendToClass<"NSTimeZone", "setDefaultTimeZone:">(zoneOfUser(name));
-}
+void setTimeZone(const std::string& name) { NSTimeZone::setDefaultTimeZone(zoneOfUser(name)); }
 
 }  // namespace phone

@@ -6,6 +6,7 @@
 
 #include "platform/foundation/ns_date.h"
 #include "platform/foundation/ns_string.h"
+#include "platform/foundation/ns_time_zone.h"
 
 namespace phone {
 
@@ -18,8 +19,8 @@ constexpr std::array<const char*, 12> kMonths{"January",   "February", "March", 
                                               "September", "October",  "November", "December"};
 
 cctz::time_zone defaultZone() {
-  id const zone = objc::sendToClass<"NSTimeZone", "defaultTimeZone", id>();
-  NSString* const name = objc::send<"name", NSString*>(zone);
+  NSTimeZone* const zone = NSTimeZone::defaultTimeZone();
+  NSString* const name = zone->name();
   cctz::time_zone found = cctz::utc_time_zone();
   if (name != nullptr) cctz::load_time_zone(name->UTF8String(), &found);
   return found;

@@ -84,14 +84,18 @@ void addIvars(Class target, const ClassDefinition& definition) {
   }
 }
 
+void addMethod(Class target, const char* className, const MethodDefinition& method) {
+  if (!isAvailable(method.availability)) return;
+  Class const owner = method.ofClass ? object_getClass(reinterpret_cast<id>(target)) : target;
+  if (!class_addMethod(owner, sel_registerTypedName(method.selector, method.types), method.implementation,
+                       method.types)) {
+    fail(className, "it states a method twice:", method.selector);
+  }
+}
+
 void addMethods(Class target, const ClassDefinition& definition) {
-  for (const MethodDefinition& method : definition.methods) {
-    if (!isAvailable(method.availability)) continue;
-    Class const owner = method.ofClass ? object_getClass(reinterpret_cast<id>(target)) : target;
-    if (!class_addMethod(owner, sel_registerTypedName(method.selector, method.types), method.implementation,
-                         method.types)) {
-      fail(definition.name, "it states a method twice:", method.selector);
-    }
+  for (const MethodRows& rows : definition.methods) {
+    for (const MethodDefinition& method : rows.methods()) addMethod(target, definition.name, method);
   }
 }
 
@@ -133,6 +137,10 @@ Class registerClass(const ClassDefinition& definition) {
   objc_registerClassPair(target);
   layouts().emplace(target, layoutOf(target, definition));
   return target;
+}
+
+void registerClasses(std::initializer_list<ClassDefinition (*)()> definitions) {
+  for (const auto define : definitions) registerClass(define());
 }
 
 }  // namespace phone

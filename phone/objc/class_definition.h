@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <limits>
 #include <new>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/foundation/foundation_version.h"
 #include "platform/objc/encoding.h"
 #include "platform/objc/ivar.h"
 
@@ -20,8 +22,6 @@ struct Availability {
   double before = std::numeric_limits<double>::infinity();
 };
 
-/// The first Foundation version number that counts as iOS 8.
-inline constexpr double kFirstIos8Foundation = 1048.0;
 inline constexpr Availability kEveryRelease{};
 inline constexpr Availability kUntilIos7{.before = kFirstIos8Foundation};
 inline constexpr Availability kSinceIos8{.since = kFirstIos8Foundation};
@@ -50,17 +50,33 @@ struct StateDefinition {
   std::ptrdiff_t* offset;
 };
 
+/// What one row of a definition adds: a method, or a property's two.
+class MethodRows {
+ public:
+  // NOLINTNEXTLINE(google-explicit-constructor): a method is a row.
+  MethodRows(const MethodDefinition& method) : methods_{method} {}
+  MethodRows(const MethodDefinition& getter, const MethodDefinition& setter) : methods_{getter, setter} {}
+
+  const std::vector<MethodDefinition>& methods() const { return methods_; }
+
+ private:
+  std::vector<MethodDefinition> methods_;
+};
+
 struct ClassDefinition {
   const char* name;
   const char* superclass;
   std::vector<IvarDefinition> ivars = {};
   std::optional<StateDefinition> state = {};
-  std::vector<MethodDefinition> methods = {};
+  std::vector<MethodRows> methods = {};
 };
 
 /// Registers the class for the running release of the phone. Ends the process with a message when the
 /// superclass is missing or the name is taken: both are mistakes in the stand-in itself.
 Class registerClass(const ClassDefinition& definition);
+
+/// The same for what each function gives, in order: a superclass stands before its subclasses.
+void registerClasses(std::initializer_list<ClassDefinition (*)()> definitions);
 
 /// An instance method: `result function(Self*, SEL, arguments...)`.
 template <typename Result, typename Self, typename... Arguments>
@@ -97,8 +113,9 @@ State& stateOf(const void* object) {
   return *std::launder(reinterpret_cast<State*>(bytes + detail::stateOffset<State>));
 }
 
-/// The two accessors of a plain member of a class's state, for definitions:
-/// `getter<&State::flag>("isFlag")`, `setter<&State::flag>("setFlag:")`. Object members are Owned<T>.
+/// The accessors of a plain member of a class's state, for definitions: `getter<&State::flag>("isFlag")`, and
+/// property() for a member with both a getter and
+/// a setter. Object members are Owned<T>.
 template <typename Member>
 struct StateMember;
 
@@ -139,6 +156,28 @@ MethodDefinition getter(const char* selector, Availability availability = {}) {
 template <auto Member>
 MethodDefinition setter(const char* selector, Availability availability = {}) {
   return method(selector, writeMember<Member>, availability);
+}
+
+namespace detail {
+
+/// "title" becomes "setTitle:".
+template <objc::FixedString Getter>
+inline constexpr auto kSetter = [] {
+  auto setter = objc::FixedString("set") + Getter + objc::FixedString(":");
+  char& initial = setter.characters[3];
+  if (initial >= 'a' && initial <= 'z') initial = static_cast<char>(initial - 'a' + 'A');
+  return setter;
+}();
+
+}  // namespace detail
+
+/// Getter and setter of one member: `property<&State::title, "title">()`.
+template <auto Member, objc::FixedString Getter, objc::FixedString Setter = detail::kSetter<Getter>>
+MethodRows property(Availability availability = {}) {
+  static constexpr objc::FixedString kGetter = Getter;
+  static constexpr objc::FixedString kSetter = Setter;
+  return {method(kGetter.c_str(), readMember<Member>, availability),
+          method(kSetter.c_str(), writeMember<Member>, availability)};
 }
 
 }  // namespace phone

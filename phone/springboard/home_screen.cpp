@@ -66,8 +66,8 @@ HomeScreen HomeScreen::boot(const HostOptions& options, const std::filesystem::p
 }
 
 HomeScreen::HomeScreen()
-    : window_(makeView<UIWindow, "UIWindow">(screenBounds())),
-      lockScreenView_(makeView<SBLockScreenView, "SBLockScreenView">(screenBounds())),
+    : window_(makeView<UIWindow>(screenBounds())),
+      lockScreenView_(makeView<SBLockScreenView>(screenBounds())),
       controller_(objc::make<SBLockScreenNotificationListController>()) {
   window_->addSubview(lockScreenView_.get());
   objc::send<"makeKeyAndVisible">(window_.get());
@@ -84,7 +84,7 @@ std::chrono::nanoseconds HomeScreen::load() {
   }
   turnScreenOff();
   const auto start = std::chrono::steady_clock::now();
-  objc::send<"loadView">(controller_.get());
+  controller_->loadView();
   const auto time = std::chrono::steady_clock::now() - start;
   layOut();
   return time;
@@ -219,7 +219,7 @@ SBAwayListItem* HomeScreen::itemAt(std::size_t row) {
   return row < items->count() ? static_cast<SBAwayListItem*>(items->objectAtIndex(row)) : nullptr;
 }
 
-void HomeScreen::layOut() { objc::send<"layoutIfNeeded">(lockScreenView_.get()); }
+void HomeScreen::layOut() { lockScreenView_->layoutIfNeeded(); }
 
 void HomeScreen::deliver(BBBulletin* bulletin) {
   NSObject* const observer = observerOf(controller_.get());

@@ -12,6 +12,7 @@
 #include "platform/foundation/literal.h"
 #include "platform/uikit/string_drawing.h"
 #include "platform/uikit/ui_image.h"
+#include "platform/uikit/ui_image_view.h"
 #include "platform/uikit/ui_label.h"
 
 namespace phone {
@@ -43,7 +44,7 @@ struct BulletinCellState {
   objc::Owned<UILabel> relevanceDateLabel;
   objc::Owned<UILabel> subtitleLabel;
   objc::Owned<UILabel> secondaryLabel;
-  objc::Owned<UIView> iconView;
+  objc::Owned<UIImageView> iconView;
   CGFloat contentAlpha = 1;
   bool drawsSeparator = true;
   bool drawsSeparatorAtTopOfSection = false;
@@ -54,7 +55,7 @@ BulletinCellState& stateOfCell(Cell* cell) { return stateOf<BulletinCellState>(c
 UILabel* unlockHint(Cell* cell) { return objc::readIvar<UILabel>(cell, "_unlockTextLabel"); }
 
 objc::Owned<UILabel> makeLabel(Cell* cell, const LineStyle& style) {
-  auto label = makeView<UILabel, "UILabel">();
+  auto label = makeView<UILabel>();
   label->setFont(makeFont(style.weight, style.points).get());
   label->setTextColor(makeColor(greyColor(1, style.opacity)).get());
   cell->contentView()->addSubview(label.get());
@@ -69,9 +70,8 @@ Cell* initWithStyle(Cell* self, SEL selector, NSInteger style, NSString* reuseId
   cell.subtitleLabel = makeLabel(self, kSubtitle);
   cell.secondaryLabel = makeLabel(self, kMessage);
   objc::writeIvar(self, "_unlockTextLabel", makeLabel(self, kUnlockHint).get());
-  cell.iconView = makeView<UIView, "UIImageView">();
-  constexpr NSInteger kAspectFit = 1;
-  objc::send<"setContentMode:">(cell.iconView.get(), kAspectFit);
+  cell.iconView = makeView<UIImageView>();
+  cell.iconView->setContentMode(UIImageView::kAspectFit);
   self->contentView()->addSubview(cell.iconView.get());
   return self;
 }
@@ -107,7 +107,7 @@ void layoutSubviews(Cell* self, SEL selector) {
 
 void setContentAlpha(Cell* self, SEL, CGFloat alpha) {
   stateOfCell(self).contentAlpha = alpha;
-  objc::send<"setAlpha:">(self->contentView(), alpha);
+  self->contentView()->setAlpha(alpha);
 }
 
 void setSeparatorHidden(Cell* self, SEL, bool hidden) { stateOfCell(self).drawsSeparator = !hidden; }
@@ -169,8 +169,8 @@ void showItem(Cell* cell, SBAwayListItem* item) {
   state.subtitleLabel->setText(item->subtitle());
   state.secondaryLabel->setText(item->message());
   unlockHint(cell)->setText(hintFor(item));
-  objc::send<"setImage:">(state.iconView.get(), item->iconImage());
-  objc::send<"setNeedsLayout">(cell);
+  state.iconView->setImage(item->iconImage());
+  cell->setNeedsLayout();
 }
 
 CGFloat heightOfItem(SBAwayListItem* item) {

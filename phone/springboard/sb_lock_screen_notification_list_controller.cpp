@@ -131,7 +131,7 @@ SBAwayListItem* listItemAtIndexPath(Controller* self, SEL, NSIndexPath* indexPat
 
 void loadView(Controller* self, SEL) {
   auto& state = stateOf<ListControllerState>(self);
-  state.listView = makeListView(self, objc::send<"bounds", CGRect>(UIScreen::mainScreen()));
+  state.listView = makeListView(self, UIScreen::mainScreen()->bounds());
   setListView(state.lockScreenView, state.listView.get());
   showChange(self);
 }
@@ -180,7 +180,7 @@ void unloadView(Controller* controller) {
   setListVisible(controller, false);
   setListView(state.lockScreenView, nullptr);
   state.listView = {};
-  if (NSFoundationVersionNumber >= kListOutlivesUnlockSince) return;
+  if (NSFoundationVersionNumber >= kFirstFoundationKeepingRecords) return;
   listItems(controller)->removeAllObjects();
   state.itemsByBulletinID->removeAllObjects();
 }
@@ -192,7 +192,7 @@ void wakeScreenFor(Controller* controller, SBAwayListItem* item) {
   } else if (NSFoundationVersionNumber >= kFirstIos8Foundation) {
     asked = bannerFor(item);
   }
-  objc::send<"turnOnScreenIfNecessaryForItem:">(controller, asked);
+  controller->turnOnScreenIfNecessary(asked);
 }
 
 }  // namespace phone

@@ -11,9 +11,6 @@
 
 namespace phone {
 
-/// The first Foundation version number whose list outlives an unlocking of the phone (iOS 9).
-inline constexpr double kListOutlivesUnlockSince = 1200.0;
-
 /// The items as shown, first on top (borrowed from the controller).
 NSMutableArray* listItems(SBLockScreenNotificationListController* controller);
 

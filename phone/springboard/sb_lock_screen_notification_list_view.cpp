@@ -38,10 +38,10 @@ ListView* initWithFrame(ListView* self, SEL selector, CGRect frame) {
   constexpr CGFloat kEdgeFade = 10;
   stateOf<ViewState>(self).edgeFade = kEdgeFade;
   auto& table = stateOf<ListViewState>(self).table;
-  table = makeView<UITableView, "UITableView">({{}, frame.size});
-  table->setAutoresizingMask(kFlexibleWidth | kFlexibleHeight);
-  objc::send<"setDataSource:">(table.get(), self);
-  objc::send<"setDelegate:">(table.get(), self);
+  table = makeView<UITableView>({{}, frame.size});
+  table->setAutoresizingMask(UIView::kFlexibleWidth | UIView::kFlexibleHeight);
+  table->setDataSource(self);
+  table->setDelegate(self);
   self->addSubview(table.get());
   return self;
 }
@@ -64,12 +64,9 @@ CGFloat heightForRow(ListView* self, SEL, UITableView*, NSIndexPath* indexPath) 
 UITableViewCell* cellForRow(ListView* self, SEL, UITableView* table, NSIndexPath* indexPath) {
   NSString* const kind = "SBLockScreenBulletinCell"_ns;
   auto cell = objc::Owned<SBLockScreenBulletinCell>::retain(
-      objc::send<"dequeueReusableCellWithIdentifier:", SBLockScreenBulletinCell*>(table, kind));
+      static_cast<SBLockScreenBulletinCell*>(table->dequeueReusableCell(kind)));
   if (!cell) {
-    id const allocated = objc::sendToClass<SBLockScreenBulletinCell, "alloc", id>();
-    cell = objc::Owned<SBLockScreenBulletinCell>::adopt(
-        objc::send<"initWithStyle:reuseIdentifier:", SBLockScreenBulletinCell*>(allocated, NSInteger{0},
-                                                                                kind));
+    cell = objc::makeWith<SBLockScreenBulletinCell, "initWithStyle:reuseIdentifier:">(NSInteger{0}, kind);
   }
   if (SBAwayListItem* const item = itemAt(self, indexPath); item != nullptr) showItem(cell.get(), item);
   return cell.autorelease();
@@ -92,7 +89,7 @@ CGFloat contentAlphaAt(double top, double sightHeight) {
 
 void layoutSubviews(ListView* self, SEL) {
   UITableView* const table = tableOf(self);
-  objc::send<"layoutIfNeeded">(table);
+  table->layoutIfNeeded();
   const CGRect sight = table->bounds();
   for (const TableState::Row& row : stateOf<TableState>(table).rows) {
     if (!row.cell) continue;
@@ -129,8 +126,8 @@ void forgetController(ListView* listView) { stateOf<ListViewState>(listView).con
 
 void reloadRows(ListView* listView) {
   heightCache(listView)->removeAllObjects();
-  objc::send<"reloadData">(tableOf(listView));
-  objc::send<"setNeedsLayout">(listView);
+  tableOf(listView)->reloadData();
+  listView->setNeedsLayout();
 }
 
 void scrollToRow(ListView* listView, std::size_t row) {
@@ -140,8 +137,8 @@ void scrollToRow(ListView* listView, std::size_t row) {
   const double contentHeight = rows.back().top + rows.back().height;
   const double furthest = std::max(contentHeight - table->bounds().size.height, 0.0);
   const double offset = std::min(rows[std::min(row, rows.size() - 1)].top, furthest);
-  objc::send<"setContentOffset:">(table, CGPoint{0, offset});
-  objc::send<"setNeedsLayout">(listView);
+  table->setContentOffset(CGPoint{0, offset});
+  listView->setNeedsLayout();
 }
 
 UITableView* tableOf(ListView* listView) { return stateOf<ListViewState>(listView).table.get(); }

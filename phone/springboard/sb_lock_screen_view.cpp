@@ -48,10 +48,10 @@ struct LabelStyle {
 };
 
 objc::Owned<UILabel> makeLabel(LockView* self, CGRect frame, const LabelStyle& style) {
-  auto label = makeView<UILabel, "UILabel">(frame);
+  auto label = makeView<UILabel>(frame);
   label->setFont(makeFont(style.weight, style.points).get());
   label->setTextColor(makeColor(greyColor(1, style.opacity)).get());
-  objc::send<"setTextAlignment:">(label.get(), static_cast<NSInteger>(TextAlignment::kCenter));
+  label->setTextAlignment(static_cast<NSInteger>(TextAlignment::kCenter));
   self->addSubview(label.get());
   return label;
 }
@@ -153,7 +153,7 @@ const std::vector<std::string>& underlayRequesters(LockView* view) { return stat
 void setListView(LockView* view, SBLockScreenNotificationListView* listView) {
   if (view == nullptr) return;
   auto& shown = stateOfView(view).listView;
-  objc::send<"removeFromSuperview">(shown.get());
+  shown->removeFromSuperview();
   shown = objc::Owned<SBLockScreenNotificationListView>::retain(listView);
   if (listView == nullptr) return;
   view->addSubview(listView);

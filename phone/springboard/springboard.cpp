@@ -25,13 +25,10 @@ void launch(SBAwayListItem* item) {
 
 void registerSpringBoard() {
   springBoardState() = {};
-  for (ClassDefinition (*const define)() :
-       {springBoard, sbAwayListItem, sbAwayBulletinListItem, sbAwayCardListItem,
-        sbLockScreenNotificationBulletinBannerItem, sbLockScreenNotificationListController,
-        sbLockScreenBulletinCell, sbLockScreenNotificationListView, sbLockScreenPluginOverlayContext,
-        sbLockScreenView}) {
-    registerClass(define());
-  }
+  registerClasses({springBoard, sbAwayListItem, sbAwayBulletinListItem, sbAwayCardListItem,
+                   sbLockScreenNotificationBulletinBannerItem, sbLockScreenNotificationListController,
+                   sbLockScreenBulletinCell, sbLockScreenNotificationListView,
+                   sbLockScreenPluginOverlayContext, sbLockScreenView});
 }
 
 }  // namespace phone

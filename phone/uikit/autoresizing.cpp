@@ -30,11 +30,13 @@ Span resized(Span span, CGFloat oldWhole, CGFloat newWhole, bool beforeFlexes, b
 }  // namespace
 
 CGRect resizedFrame(CGRect frame, NSUInteger mask, CGSize oldSize, CGSize newSize) {
-  const auto has = [mask](Autoresizing part) { return (mask & part) != 0; };
+  const auto has = [mask](UIView::Autoresizing part) { return (mask & part) != 0; };
   const Span across = resized({frame.origin.x, frame.size.width}, oldSize.width, newSize.width,
-                              has(kFlexibleLeftMargin), has(kFlexibleWidth), has(kFlexibleRightMargin));
+                              has(UIView::kFlexibleLeftMargin), has(UIView::kFlexibleWidth),
+                              has(UIView::kFlexibleRightMargin));
   const Span down = resized({frame.origin.y, frame.size.height}, oldSize.height, newSize.height,
-                            has(kFlexibleTopMargin), has(kFlexibleHeight), has(kFlexibleBottomMargin));
+                            has(UIView::kFlexibleTopMargin), has(UIView::kFlexibleHeight),
+                            has(UIView::kFlexibleBottomMargin));
   return {{across.before, down.before}, {across.length, down.length}};
 }
 

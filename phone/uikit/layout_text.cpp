@@ -42,7 +42,7 @@ const std::string& layoutText(NSString* text, NSUInteger mostUnits) {
   units.resize(std::min(text->length(), mostUnits));
   utf8.clear();
   // The phone's own conversion stops at a zero character and refuses half a surrogate pair.
-  objc::send<"getCharacters:range:">(text, units.data(), NSRange{0, units.size()});
+  text->getCharacters(units.data(), NSRange{0, units.size()});
   for (std::size_t i = 0; i < units.size(); ++i) {
     char32_t character = units[i];
     if (isLead(character) && i + 1 < units.size() && isTrail(units[i + 1])) {

@@ -35,8 +35,7 @@ ClassDefinition uiControl() {
               method("addTarget:action:forControlEvents:", addTarget),
               method("removeTarget:action:forControlEvents:", removeTarget),
               method("sendActionsForControlEvents:", sendActionsForControlEvents),
-              getter<&ControlState::enabled>("isEnabled"),
-              setter<&ControlState::enabled>("setEnabled:"),
+              property<&ControlState::enabled, "isEnabled", "setEnabled:">(),
           }};
 }
 

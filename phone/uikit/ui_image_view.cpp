@@ -56,10 +56,8 @@ ClassDefinition uiImageView() {
           .state = state<ImageViewState>(),
           .methods = {
               method("initWithImage:", initWithImage),
-              getter<&ImageViewState::image>("image"),
-              setter<&ImageViewState::image>("setImage:"),
-              getter<&ImageViewState::contentMode>("contentMode"),
-              setter<&ImageViewState::contentMode>("setContentMode:"),
+              property<&ImageViewState::image, "image">(),
+              property<&ImageViewState::contentMode, "contentMode">(),
               method("sizeThatFits:", sizeThatFits),
               method("drawRect:", drawRect),
           }};

@@ -62,8 +62,7 @@ ClassDefinition uiLabel() {
               method("setFont:", setFont),
               getter<&LabelState::textColor>("textColor"),
               method("setTextColor:", setTextColor),
-              getter<&LabelState::textAlignment>("textAlignment"),
-              setter<&LabelState::textAlignment>("setTextAlignment:"),
+              property<&LabelState::textAlignment, "textAlignment">(),
               method("sizeThatFits:", sizeThatFits),
               method("drawRect:", drawRect),
           }};

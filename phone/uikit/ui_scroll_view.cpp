@@ -20,7 +20,7 @@ CGPoint contentOffset(UIView* self, SEL) { return stateOf<ViewState>(self).bound
 
 void setContentOffset(UIView* self, SEL, CGPoint offset) {
   stateOf<ViewState>(self).boundsOrigin = offset;
-  objc::send<"setNeedsLayout">(self);
+  self->setNeedsLayout();
 }
 
 }  // namespace
@@ -31,8 +31,7 @@ ClassDefinition uiScrollView() {
           .state = state<ScrollState>(),
           .methods = {
               method("initWithFrame:", initWithFrame),
-              getter<&ScrollState::contentSize>("contentSize"),
-              setter<&ScrollState::contentSize>("setContentSize:"),
+              property<&ScrollState::contentSize, "contentSize">(),
               method("contentOffset", contentOffset),
               method("setContentOffset:", setContentOffset),
           }};

@@ -80,8 +80,7 @@ ClassDefinition uiSwitch() {
               method("initWithFrame:", initWithFrame),
               method("setFrame:", setFrame),
               method("sizeThatFits:", sizeThatFits),
-              getter<&SwitchState::on>("isOn"),
-              setter<&SwitchState::on>("setOn:"),
+              property<&SwitchState::on, "isOn", "setOn:">(),
               method("setOn:animated:", setOnAnimated),
               method("drawRect:", drawRect),
           }};

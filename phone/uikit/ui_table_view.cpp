@@ -34,7 +34,7 @@ TableState::Row* findRow(UITableView* self, NSInteger section, NSInteger row) {
 void dropCell(UITableView* self, TableState::Row& row) {
   const auto cell = std::exchange(row.cell, {});
   if (!cell) return;
-  objc::send<"removeFromSuperview">(cell.get());
+  cell->removeFromSuperview();
   NSString* const identifier = stateOf<CellState>(cell.get()).reuseIdentifier.get();
   if (identifier != nullptr) stateOfTable(self).reuseQueue[identifier->UTF8String()].push_back(cell);
 }
@@ -59,12 +59,12 @@ void measureRows(UITableView* self) {
       top += height;
     }
   }
-  objc::send<"setContentSize:">(self, CGSize{self->bounds().size.width, top});
+  self->setContentSize(CGSize{self->bounds().size.width, top});
 }
 
 void reloadData(UITableView* self, SEL) {
   stateOfTable(self).needsReload = true;
-  objc::send<"setNeedsLayout">(self);
+  self->setNeedsLayout();
 }
 
 /// Gives the row its cell. The data source may do anything meanwhile, even reload the table.
@@ -133,7 +133,7 @@ UITableViewCell* dequeueReusableCell(UITableView* self, SEL, NSString* identifie
   if (spare.empty()) return nullptr;
   auto cell = std::move(spare.back());
   spare.pop_back();
-  objc::send<"prepareForReuse">(cell.get());
+  cell->prepareForReuse();
   return cell.autorelease();
 }
 
@@ -149,12 +149,12 @@ NSObject* delegate(UITableView* self, SEL) { return stateOfTable(self).delegate;
 
 void setDataSource(UITableView* self, SEL, NSObject* source) {
   stateOfTable(self).dataSource = source;
-  objc::send<"reloadData">(self);
+  self->reloadData();
 }
 
 void setDelegate(UITableView* self, SEL, NSObject* delegate) {
   stateOfTable(self).delegate = delegate;
-  objc::send<"reloadData">(self);
+  self->reloadData();
 }
 
 }  // namespace
@@ -177,8 +177,7 @@ ClassDefinition uiTableView() {
               method("setDataSource:", setDataSource),
               method("delegate", delegate),
               method("setDelegate:", setDelegate),
-              getter<&TableState::rowHeight>("rowHeight"),
-              setter<&TableState::rowHeight>("setRowHeight:"),
+              property<&TableState::rowHeight, "rowHeight">(),
               method("reloadData", reloadData),
               method("layoutSubviews", layoutSubviews),
               method("indexPathForCell:", indexPathForCell),

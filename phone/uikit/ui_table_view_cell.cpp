@@ -23,8 +23,8 @@ UITableViewCell* initWithStyle(UITableViewCell* self, SEL, NSInteger style, NSSt
   auto& cell = stateOf<CellState>(self);
   cell.style = style;
   cell.reuseIdentifier = objc::Owned<NSString>::adopt(objc::send<"copy", NSString*>(reuseIdentifier));
-  cell.contentView = makeView<UIView, "UIView">({{}, kDefaultSize});
-  cell.contentView->setAutoresizingMask(kFlexibleWidth | kFlexibleHeight);
+  cell.contentView = makeView<UIView>({{}, kDefaultSize});
+  cell.contentView->setAutoresizingMask(UIView::kFlexibleWidth | UIView::kFlexibleHeight);
   self->addSubview(cell.contentView.get());
   return self;
 }
@@ -38,10 +38,10 @@ UITableViewCell* initWithFrame(UITableViewCell* self, SEL, CGRect frame) {
 
 UILabel* labelIn(UITableViewCell* cell, objc::Owned<UILabel>& label, double points) {
   if (!label) {
-    label = makeView<UILabel, "UILabel">();
+    label = makeView<UILabel>();
     label->setFont(makeFont(FontWeight::kRegular, points).get());
     cell->contentView()->addSubview(label.get());
-    objc::send<"setNeedsLayout">(cell);
+    cell->setNeedsLayout();
   }
   return label.get();
 }

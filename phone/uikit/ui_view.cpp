@@ -24,7 +24,7 @@ void resize(UIView* self, CGSize size) {
   ViewState& view = stateOfView(self);
   const CGSize old = std::exchange(view.frame.size, size);
   if (old.width == size.width && old.height == size.height) return;
-  objc::send<"setNeedsLayout">(self);
+  self->setNeedsLayout();
   if (!view.autoresizesSubviews) return;
   for (const auto& subview : std::vector(view.subviews)) {
     const NSUInteger mask = stateOfView(subview.get()).autoresizingMask;
@@ -67,11 +67,11 @@ void layoutSubviews(UIView*, SEL) {}
 void layoutIfNeeded(UIView* self, SEL) {
   if (stateOfView(self).needsLayout) {
     stateOfView(self).needsLayout = false;
-    objc::send<"layoutSubviews">(self);
+    self->layoutSubviews();
   }
   // A layout may add and remove subviews; those that are there now are laid out.
   for (const auto& subview : std::vector(stateOfView(self).subviews)) {
-    objc::send<"layoutIfNeeded">(subview.get());
+    subview->layoutIfNeeded();
   }
 }
 
@@ -87,7 +87,7 @@ void sizeToFit(UIView* self, SEL) {
 UIView* viewWithTag(UIView* self, SEL, NSInteger tag) {
   if (stateOfView(self).tag == tag) return self;
   for (const auto& subview : stateOfView(self).subviews) {
-    auto* const found = objc::send<"viewWithTag:", UIView*>(subview.get(), tag);
+    auto* const found = subview->viewWithTag(tag);
     if (found != nullptr) return found;
   }
   return nullptr;
@@ -130,22 +130,15 @@ ClassDefinition uiView() {
                                  method("setCenter:", setCenter),
                                  method("superview", superview),
                                  method("viewWithTag:", viewWithTag),
-                                 getter<&ViewState::tag>("tag"),
-                                 setter<&ViewState::tag>("setTag:"),
-                                 getter<&ViewState::alpha>("alpha"),
-                                 setter<&ViewState::alpha>("setAlpha:"),
-                                 getter<&ViewState::hidden>("isHidden"),
-                                 setter<&ViewState::hidden>("setHidden:"),
-                                 getter<&ViewState::clipsToBounds>("clipsToBounds"),
-                                 setter<&ViewState::clipsToBounds>("setClipsToBounds:"),
-                                 getter<&ViewState::backgroundColor>("backgroundColor"),
-                                 setter<&ViewState::backgroundColor>("setBackgroundColor:"),
-                                 getter<&ViewState::userInteractionEnabled>("isUserInteractionEnabled"),
-                                 setter<&ViewState::userInteractionEnabled>("setUserInteractionEnabled:"),
-                                 getter<&ViewState::autoresizingMask>("autoresizingMask"),
-                                 setter<&ViewState::autoresizingMask>("setAutoresizingMask:"),
-                                 getter<&ViewState::autoresizesSubviews>("autoresizesSubviews"),
-                                 setter<&ViewState::autoresizesSubviews>("setAutoresizesSubviews:"),
+                                 property<&ViewState::tag, "tag">(),
+                                 property<&ViewState::alpha, "alpha">(),
+                                 property<&ViewState::hidden, "isHidden", "setHidden:">(),
+                                 property<&ViewState::clipsToBounds, "clipsToBounds">(),
+                                 property<&ViewState::backgroundColor, "backgroundColor">(),
+                                 property<&ViewState::userInteractionEnabled, "isUserInteractionEnabled",
+                                          "setUserInteractionEnabled:">(),
+                                 property<&ViewState::autoresizingMask, "autoresizingMask">(),
+                                 property<&ViewState::autoresizesSubviews, "autoresizesSubviews">(),
                                  method("sizeThatFits:", sizeThatFits),
                                  method("sizeToFit", sizeToFit),
                                  method("setNeedsLayout", setNeedsLayout),

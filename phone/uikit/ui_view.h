@@ -35,27 +35,22 @@ struct ViewState {
   ~ViewState();
 };
 
-/// What an autoresizing mask lets grow and shrink with the superview.
-enum Autoresizing : NSUInteger {
-  kFlexibleLeftMargin = 1,
-  kFlexibleWidth = 2,
-  kFlexibleRightMargin = 4,
-  kFlexibleTopMargin = 8,
-  kFlexibleHeight = 16,
-  kFlexibleBottomMargin = 32,
-};
-
 /// The frame of a subview after its superview's size changed.
 CGRect resizedFrame(CGRect frame, NSUInteger mask, CGSize oldSize, CGSize newSize);
 
 /// The methods of UIView that add, move and remove subviews.
-std::vector<MethodDefinition> viewHierarchyMethods();
+std::vector<MethodRows> viewHierarchyMethods();
 
 /// A new view of that class, by alloc and initWithFrame:.
+template <typename View>
+objc::Owned<View> makeView(CGRect frame = {}) {
+  return objc::makeWith<View, "initWithFrame:">(frame);
+}
+
+/// The same for a class that has no view of its own.
 template <typename View, objc::FixedString ClassName>
 objc::Owned<View> makeView(CGRect frame = {}) {
-  return objc::Owned<View>::adopt(
-      objc::send<"initWithFrame:", View*>(objc::sendToClass<ClassName, "alloc", id>(), frame));
+  return objc::makeWith<View, ClassName, "initWithFrame:">(frame);
 }
 
 }  // namespace phone

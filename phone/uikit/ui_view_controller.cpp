@@ -25,15 +25,15 @@ struct ControllerState {
 };
 
 void loadView(UIViewController* self, SEL) {
-  const auto bounds = objc::send<"bounds", CGRect>(UIScreen::mainScreen());
-  objc::send<"setView:">(self, makeView<UIView, "UIView">(bounds).autorelease());
+  const auto bounds = UIScreen::mainScreen()->bounds();
+  self->setView(makeView<UIView>(bounds).autorelease());
 }
 
 UIView* view(UIViewController* self, SEL) {
   const auto& view = stateOf<ControllerState>(self).view;
   if (!view) {
-    objc::send<"loadView">(self);
-    objc::send<"viewDidLoad">(self);
+    self->loadView();
+    self->viewDidLoad();
   }
   return view.get();
 }
@@ -61,7 +61,7 @@ void removeFromParentViewController(UIViewController* self, SEL) {
 
 void addChildViewController(UIViewController* self, SEL, UIViewController* child) {
   const auto kept = objc::Owned<UIViewController>::retain(child);
-  objc::send<"removeFromParentViewController">(child);
+  child->removeFromParentViewController();
   stateOf<ControllerState>(self).children.push_back(kept);
   stateOf<ControllerState>(child).parent = self;
 }
@@ -85,8 +85,7 @@ ClassDefinition uiViewController() {
               method("viewDidAppear:", ignoreAppearance),
               method("viewWillDisappear:", ignoreAppearance),
               method("viewDidDisappear:", ignoreAppearance),
-              getter<&ControllerState::title>("title"),
-              setter<&ControllerState::title>("setTitle:"),
+              property<&ControllerState::title, "title">(),
               method("parentViewController", parentViewController),
               method("childViewControllers", childViewControllers),
               method("addChildViewController:", addChildViewController),

@@ -17,9 +17,9 @@ UIScreen* screen(UIWindow*, SEL) { return UIScreen::mainScreen(); }
 
 void setRootViewController(UIWindow* self, SEL, UIViewController* controller) {
   auto& root = stateOf<WindowState>(self).rootViewController;
-  if (root) objc::send<"removeFromSuperview">(objc::send<"view", UIView*>(root.get()));
+  if (root) root->view()->removeFromSuperview();
   root = objc::Owned<UIViewController>::retain(controller);
-  auto* const view = objc::send<"view", UIView*>(controller);
+  auto* const view = controller->view();
   view->setFrame(self->bounds());
   self->addSubview(view);
 }

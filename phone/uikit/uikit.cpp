@@ -13,12 +13,9 @@ UIKitState& uiKit() {
 }
 
 void registerUIKit() {
-  for (ClassDefinition (*const define)() :
-       {uiColor, uiFont, uiImage, uiGestureRecognizer, uiTapGestureRecognizer, uiResponder, uiView, uiWindow,
-        uiScreen, uiApplication, uiLabel, uiImageView, uiControl, uiSwitch, uiScrollView, uiTableViewCell,
-        uiTableView, uiAlertView, uiViewController}) {
-    registerClass(define());
-  }
+  registerClasses({uiColor, uiFont, uiImage, uiGestureRecognizer, uiTapGestureRecognizer, uiResponder, uiView,
+                   uiWindow, uiScreen, uiApplication, uiLabel, uiImageView, uiControl, uiSwitch, uiScrollView,
+                   uiTableViewCell, uiTableView, uiAlertView, uiViewController});
   addFoundationMethods();
 }
 

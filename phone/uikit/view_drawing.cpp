@@ -52,7 +52,7 @@ void drawOwnContent(cairo_t* canvas, UIView* view, const ViewState& state) {
                   {bounds.size.width, bounds.size.height + 2 * state.overhang}});
   {
     const CurrentContext current(canvas);
-    objc::send<"drawRect:">(view, bounds);
+    view->drawRect(bounds);
   }
   cairo_restore(canvas);
 }
@@ -99,7 +99,7 @@ void drawHierarchy(cairo_t* canvas, UIView* view) {
 }  // namespace
 
 void drawView(cairo_t* canvas, UIView* view) {
-  objc::send<"layoutIfNeeded">(view);
+  view->layoutIfNeeded();
   const CGPoint corner = view->frame().origin;
   cairo_save(canvas);
   cairo_new_path(canvas);

@@ -39,8 +39,8 @@ void removeFromSuperview(UIView* self, SEL) {
   if (const auto place = findSubview(superview, self); place != subviewsOf(superview).end()) {
     subviewsOf(superview).erase(place);
   }
-  objc::send<"setNeedsLayout">(superview);
-  objc::send<"didMoveToSuperview">(self);
+  superview->setNeedsLayout();
+  self->didMoveToSuperview();
 }
 
 void insert(UIView* self, UIView* view, NSUInteger index) {
@@ -55,13 +55,13 @@ void insert(UIView* self, UIView* view, NSUInteger index) {
   if (const auto place = findSubview(self, view); place != subviewsOf(self).end()) {
     subviewsOf(self).erase(place);
   } else {
-    objc::send<"removeFromSuperview">(view);
+    view->removeFromSuperview();
   }
   auto& all = subviewsOf(self);
   all.insert(all.begin() + static_cast<std::ptrdiff_t>(std::min(index, all.size())), kept);
   stateOf<ViewState>(view).superview = self;
-  objc::send<"setNeedsLayout">(self);
-  objc::send<"didMoveToSuperview">(view);
+  self->setNeedsLayout();
+  view->didMoveToSuperview();
 }
 
 void addSubview(UIView* self, SEL, UIView* view) { insert(self, view, NSNotFound); }
@@ -85,7 +85,7 @@ void didMoveToSuperview(UIView*, SEL) {}
 
 }  // namespace
 
-std::vector<MethodDefinition> viewHierarchyMethods() {
+std::vector<MethodRows> viewHierarchyMethods() {
   return {
       method("subviews", subviews),
       method("addSubview:", addSubview),

@@ -17,4 +17,7 @@ class EKEventEditItem : public NSObject {
   UITableViewCell* cellForSubitem(NSUInteger index) {
     return objc::send<"cellForSubitemAtIndex:", UITableViewCell*>(this, index);
   }
+  UITableViewCell* cellForSubitem(NSUInteger index, NSUInteger subsection) {
+    return objc::send<"cellForSubitemAtIndex:inSubsection:", UITableViewCell*>(this, index, subsection);
+  }
 };

@@ -23,9 +23,6 @@ class NSString : public NSObject {
   }
 
   NSUInteger length() { return objc::send<"length", NSUInteger>(this); }
-  char16_t characterAtIndex(NSUInteger index) {
-    return objc::send<"characterAtIndex:", char16_t>(this, index);
-  }
   const char* UTF8String() { return objc::send<"UTF8String", const char*>(this); }
   bool hasPrefix(NSString* prefix) { return objc::send<"hasPrefix:", bool>(this, prefix); }
   bool isEqualToString(NSString* other) { return objc::send<"isEqualToString:", bool>(this, other); }
@@ -44,9 +41,6 @@ class NSString : public NSObject {
   }
   NSString* substringWithRange(NSRange range) {
     return objc::send<"substringWithRange:", NSString*>(this, range);
-  }
-  NSString* stringByAppendingString(NSString* tail) {
-    return objc::send<"stringByAppendingString:", NSString*>(this, tail);
   }
   /// Every occurrence of one text replaced by the other.
   NSString* stringByReplacingOccurrencesOfString(NSString* searched, NSString* replacement) {

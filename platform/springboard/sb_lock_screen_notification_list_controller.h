@@ -10,6 +10,10 @@ class SBLockScreenNotificationListController : public NSObject {
  public:
   SBLockScreenNotificationListController() = delete;
 
+  void loadView() { objc::send<"loadView">(this); }
+  /// How many items are listed.
+  NSUInteger count() { return objc::send<"count", NSUInteger>(this); }
+  void turnOnScreenIfNecessary(NSObject* item) { objc::send<"turnOnScreenIfNecessaryForItem:">(this, item); }
   /// Nil when no item stands there.
   NSObject* listItemAtIndexPath(NSIndexPath* indexPath) {
     return objc::send<"listItemAtIndexPath:", NSObject*>(this, indexPath);

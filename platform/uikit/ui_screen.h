@@ -9,6 +9,7 @@ class UIScreen : public NSObject {
   UIScreen() = delete;
 
   static UIScreen* mainScreen() { return objc::sendToClass<UIScreen, "mainScreen", UIScreen*>(); }
+  CGRect bounds() { return objc::send<"bounds", CGRect>(this); }
   /// Pixels per point.
   CGFloat scale() { return objc::send<"scale", CGFloat>(this); }
 };

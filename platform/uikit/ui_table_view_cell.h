@@ -9,6 +9,8 @@ class UITableViewCell : public UIView {
  public:
   UITableViewCell() = delete;
 
+  /// The host's word to a cell that is to show another row.
+  void prepareForReuse() { objc::send<"prepareForReuse">(this); }
   UILabel* textLabel() { return objc::send<"textLabel", UILabel*>(this); }
   /// Nil in a cell whose style has one text only.
   UILabel* detailTextLabel() { return objc::send<"detailTextLabel", UILabel*>(this); }

@@ -8,7 +8,6 @@ namespace tavimo {
 namespace {
 
 constexpr CGFloat kSwitchRightMargin = 15;
-constexpr NSUInteger kFlexibleLeftMargin = 1;
 constexpr NSInteger kSwitchTag = 100;
 
 /// Where the switch stands in the cell's content, in points.
@@ -25,7 +24,7 @@ LockScreenRow makeLockScreenRow(NSObject* target) {
   row.cell->textLabel()->setText("Show on Lockscreen"_ns);
   UIView* const content = row.cell->contentView();
   row.toggle->setFrame(switchFrame(content->bounds(), row.toggle->sizeThatFits({0, 0})));
-  row.toggle->setAutoresizingMask(kFlexibleLeftMargin);
+  row.toggle->setAutoresizingMask(UIView::kFlexibleLeftMargin);
   row.toggle->setTag(kSwitchTag);
   row.toggle->addTarget(target, objc::selector<"switchChanged:">(), UISwitch::kValueChanged);
   content->addSubview(row.toggle.get());

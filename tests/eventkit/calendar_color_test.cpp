@@ -15,6 +15,10 @@ TEST(CalendarColor, IsReadInEveryFormThatFilesHave) {
   EXPECT_EQ(parseCalendarColor(" turquoise "), 0x40E0D0FFU);
   EXPECT_EQ(parseCalendarColor("yellow"), 0xFFFF00FFU);
   EXPECT_EQ(parseCalendarColor("AQUA"), 0x00FFFFFFU);
+  EXPECT_EQ(parseCalendarColor("darkorange"), 0xFF8C00FFU);
+  // X11 has other colours under these names of the web.
+  EXPECT_EQ(parseCalendarColor("gray"), 0x808080FFU);
+  EXPECT_EQ(parseCalendarColor("green"), 0x008000FFU);
 }
 
 TEST(CalendarColor, OfAnotherFormIsNone) {

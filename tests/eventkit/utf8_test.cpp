@@ -58,6 +58,9 @@ TEST(Utf8, OnlyWhatIsNoUtf8IsReadAsWesternEuropean) {
   EXPECT_EQ(toUtf8("\xc3\xa9\xe9\xc3\xa9"), "\xc3\xa9\xc3\xa9\xc3\xa9") << "what is right stays";
   EXPECT_EQ(toUtf8("\xe2\x82\xac"), "\xe2\x82\xac");
   EXPECT_EQ(toUtf8("\xe2\x82"), "\xc3\xa2\xc2\x82");
+  EXPECT_EQ(toUtf8(std::string("a\0\xe9\0", 4)), std::string("a\0\xc3\xa9\0", 5))
+      << "zero bytes are characters";
+  EXPECT_TRUE(isUtf8(std::string("\0a\0", 3)));
 }
 
 }  // namespace

@@ -78,11 +78,11 @@ struct Title {
 };
 
 TEST(ClassDefinition, AccessorsKeepAStrongReference) {
-  registerClass({.name = "Titled",
-                 .superclass = "NSObject",
-                 .state = state<Title>(),
-                 .methods = {getter<&Title::title>("title"), setter<&Title::title>("setTitle:"),
-                             getter<&Title::shown>("isShown"), setter<&Title::shown>("setShown:")}});
+  registerClass(
+      {.name = "Titled",
+       .superclass = "NSObject",
+       .state = state<Title>(),
+       .methods = {property<&Title::title, "title">(), property<&Title::shown, "isShown", "setShown:">()}});
   const Object object = make("Titled");
   {
     const AutoreleasePool pool;

@@ -82,7 +82,7 @@ TEST_F(Controls, SwitchKeepsItsSizeAndItsDistanceFromTheRightEdgeOfItsCell) {
 }
 
 TEST_F(Controls, TapReachesTheRecogniserOfItsViewOnly) {
-  const auto view = makeView<UIView, "UIView">();
+  const auto view = makeView<UIView>();
   const auto recognizer = objc::Owned<NSObject>::adopt(objc::send<"initWithTarget:action:", NSObject*>(
       objc::sendToClass<UITapGestureRecognizer, "alloc", id>(), listener_.get(), objc::selector<"tapped">()));
   EXPECT_FALSE(tapView(view.get()));

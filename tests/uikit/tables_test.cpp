@@ -51,7 +51,7 @@ class Tables : public UIKitTest {
                                method("tableView:cellForRowAtIndexPath:", cellForRow),
                                method("tableView:didSelectRowAtIndexPath:", didSelect)}});
     object_ = objc::make<NSObject, "Source">();
-    table_ = makeView<UITableView, "UITableView">({{0, 0}, {320, 200}});
+    table_ = makeView<UITableView>({{0, 0}, {320, 200}});
     objc::send<"setDataSource:">(table_.get(), object_.get());
     objc::send<"setDelegate:">(table_.get(), object_.get());
   }

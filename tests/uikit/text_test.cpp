@@ -44,7 +44,7 @@ class Text : public UIKitTest {
   /// A label of that width with the text in black on white, at two pixels a point.
   static Surface draw(NSString* text, double width, TextAlignment alignment = TextAlignment::kLeft,
                       UIFont* font = UIFont::systemFontOfSize(17)) {
-    const auto label = makeView<UILabel, "UILabel">({{0, 0}, {width, 30}});
+    const auto label = makeView<UILabel>({{0, 0}, {width, 30}});
     label->setText(text);
     label->setFont(font);
     objc::send<"setTextAlignment:">(label.get(), static_cast<NSInteger>(alignment));
@@ -223,13 +223,13 @@ TEST_F(Text, AlignmentPlacesTheLine) {
 }
 
 TEST_F(Text, AllScriptsLookAsTheyDid) {
-  const auto page = makeView<UIView, "UIView">({{0, 0}, {400, 26.0 * std::size(kScripts)}});
+  const auto page = makeView<UIView>({{0, 0}, {400, 26.0 * std::size(kScripts)}});
   objc::send<"setBackgroundColor:">(page.get(), UIColor::whiteColor());
   double top = 0;
   for (const char* const script : kScripts) {
     double left = 5;
     for (UIFont* const font : {UIFont::systemFontOfSize(17), boldFont(17)}) {
-      const auto label = makeView<UILabel, "UILabel">({{left, top}, {190, 26}});
+      const auto label = makeView<UILabel>({{left, top}, {190, 26}});
       label->setText(text(script));
       label->setFont(font);
       page->addSubview(label.get());

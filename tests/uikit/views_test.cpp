@@ -13,9 +13,7 @@ namespace {
 
 class Views : public UIKitTest {
  protected:
-  static objc::Owned<UIView> view(CGRect frame = {{0, 0}, {10, 10}}) {
-    return makeView<UIView, "UIView">(frame);
-  }
+  static objc::Owned<UIView> view(CGRect frame = {{0, 0}, {10, 10}}) { return makeView<UIView>(frame); }
   static objc::Owned<UIView> filled(CGRect frame, UIColor* color) {
     auto made = view(frame);
     objc::send<"setBackgroundColor:">(made.get(), color);

@@ -16,9 +16,6 @@ namespace tavimo {
 
 namespace {
 
-/// From this Foundation version on the controller keeps its records over a load.
-constexpr double kFirstFoundationToWithdraw = 1200.0;
-
 /// The list controller's feed for notifications.
 constexpr NSUInteger kFeed = 0;
 
@@ -47,7 +44,7 @@ void handOver(SBLockScreenNotificationListController* controller, BBBulletin* bu
 
 void withdrawBulletins(SBLockScreenNotificationListController* controller) {
   NSMutableArray* const bulletins = publishedBulletins();
-  if (NSFoundationVersionNumber >= kFirstFoundationToWithdraw) {
+  if (NSFoundationVersionNumber >= kFirstFoundationKeepingRecords) {
     const NSUInteger count = bulletins->count();
     for (NSUInteger i = 0; i < count; ++i) {
       controller->removeBulletin(observerOf(controller),

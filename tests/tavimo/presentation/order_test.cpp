@@ -164,8 +164,7 @@ TEST_F(Order, LockScreenViewIsRecordedBeforeTheHostMakesItAndIsKept) {
   objc::Owned<SBLockScreenView> first;
   objc::Owned<SBLockScreenView> second;
   for (objc::Owned<SBLockScreenView>* const made : {&first, &second}) {
-    expectOrder(traceOf([&] { *made = makeView<SBLockScreenView, "SBLockScreenView">(); }),
-                {"initWithFrame: recorded"});
+    expectOrder(traceOf([&] { *made = makeView<SBLockScreenView>(); }), {"initWithFrame: recorded"});
     EXPECT_EQ(references(made->get()), 2U) << "this test's and the plug-in's";
   }
   EXPECT_EQ(references(first.get()), 1U) << "the later view took its place";

@@ -184,7 +184,7 @@ RecordingLockScreen::RecordingLockScreen(const LockScreenShape& shape) {
   exported<NSObject*>("sBLockScreenNotificationListController") = controller_.get();
   listView_ = objc::make<SBLockScreenNotificationListView>();
   objc::writeIvar(listView_.get(), "_heightForListItemCache", NSMutableDictionary::dictionary());
-  view_ = makeView<SBLockScreenView, "SBLockScreenView">();
+  view_ = makeView<SBLockScreenView>();
   table_ = objc::make<UITableView, "RecordedTable">();
 }
 

@@ -94,7 +94,7 @@ TEST(Underlay, LaterViewBecomesTheTarget) {
   RecordingLockScreen phone;
   EXPECT_EQ(exported<NSObject*>("sBLockScreenView"), phone.view());
   exported<bool>("isEnabled") = false;
-  const auto second = makeView<SBLockScreenView, "SBLockScreenView">();
+  const auto second = makeView<SBLockScreenView>();
   EXPECT_EQ(exported<NSObject*>("sBLockScreenView"), second.get()) << "also while disabled";
 }
 

@@ -107,7 +107,7 @@ TEST(Images, RoundedCopyHasTheScaleOfTheWindowsScreen) {
       {.name = "AnotherScreen", .superclass = "UIScreen", .methods = {method("scale", scaleOfAnother)}});
   startApplication("UIApplication");
   const auto image = makeImage(redSquare(58), 2);
-  objc::send<"makeKeyAndVisible">(makeView<UIWindow, "UIWindow">().get());
+  objc::send<"makeKeyAndVisible">(makeView<UIWindow>().get());
   EXPECT_EQ(rounded(image.get(), 3)->scale(), UIScreen::mainScreen()->scale());
   objc::Displaced<UIScreen*(UIWindow*, SEL)> displaced;
   hookMethod(objc::classOf<UIWindow>(), "screen", anotherScreen, displaced);
