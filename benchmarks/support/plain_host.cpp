@@ -21,6 +21,7 @@ using phone::ClassDefinition;
 using phone::classMethod;
 using phone::getter;
 using phone::method;
+using phone::property;
 using phone::setter;
 using phone::state;
 using phone::stateOf;

@@ -71,7 +71,7 @@ TEST_F(Controls, SwitchKeepsItsSizeAndItsDistanceFromTheRightEdgeOfItsCell) {
   EXPECT_EQ(fitting.width, 51);
   EXPECT_EQ(fitting.height, 31);
   toggle->setFrame({{254, 6.5}, {400, 1}});
-  toggle->setAutoresizingMask(kFlexibleLeftMargin);
+  toggle->setAutoresizingMask(UIView::kFlexibleLeftMargin);
   cell->contentView()->addSubview(toggle.get());
   cell->setFrame({{0, 0}, {375, 60}});
   const CGRect frame = toggle->frame();

@@ -93,12 +93,12 @@ TEST_F(Views, SubviewsFollowTheirSuperviewsSizeByTheirMask) {
     double length;
   } rows[] = {
       {0, 10, 20},
-      {kFlexibleLeftMargin, 110, 20},
-      {kFlexibleWidth, 10, 120},
-      {kFlexibleRightMargin, 10, 20},
-      {kFlexibleLeftMargin | kFlexibleRightMargin, 10 + 100 * 10 / 80.0, 20},
-      {kFlexibleLeftMargin | kFlexibleWidth, 10 + 100 * 10 / 30.0, 20 + 100 * 20 / 30.0},
-      {kFlexibleLeftMargin | kFlexibleWidth | kFlexibleRightMargin, 20, 40},
+      {UIView::kFlexibleLeftMargin, 110, 20},
+      {UIView::kFlexibleWidth, 10, 120},
+      {UIView::kFlexibleRightMargin, 10, 20},
+      {UIView::kFlexibleLeftMargin | UIView::kFlexibleRightMargin, 10 + 100 * 10 / 80.0, 20},
+      {UIView::kFlexibleLeftMargin | UIView::kFlexibleWidth, 10 + 100 * 10 / 30.0, 20 + 100 * 20 / 30.0},
+      {UIView::kFlexibleLeftMargin | UIView::kFlexibleWidth | UIView::kFlexibleRightMargin, 20, 40},
   };
   for (const auto& [mask, before, length] : rows) {
     // The vertical parts of a mask are the horizontal ones three bits up.
@@ -115,7 +115,7 @@ TEST_F(Views, SubviewsFollowTheirSuperviewsSizeByTheirMask) {
     }
   }
   // From no size at all, with nothing to go by, the parts share evenly.
-  const CGRect grown = resizedFrame({}, kFlexibleLeftMargin | kFlexibleWidth, {}, {100, 0});
+  const CGRect grown = resizedFrame({}, UIView::kFlexibleLeftMargin | UIView::kFlexibleWidth, {}, {100, 0});
   EXPECT_EQ(grown.origin.x, 50);
   EXPECT_EQ(grown.size.width, 50);
 }
