@@ -1,6 +1,5 @@
 #include "device/emulated/entry.h"
 
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <sys/mman.h>
