@@ -30,11 +30,18 @@ make_root() {
   ln --symbolic --force --no-dereference "$kept/root" "$emulated_root"
 }
 
+# Brings the package up to date with the sources: it is what runs. Only the steps that take their time are shown.
+make_plugin() {
+  local -r log=$emulated/package.log
+  scripts/package 2>&1 | tee "$log" | { grep --line-buffered '^\[.*\] \(Building\|Linking\)\|^fetching' || true; } >&2 ||
+    fail 1 "the package could not be built; $log has its words"
+}
+
 # prepare_emulated TARGET...: everything that has to be there, quietly when it is.
 prepare_emulated() {
   scripts/setup device emulated
-  [[ -f $emulated_plugin ]] || scripts/package
   mkdir -p "$emulated"
+  make_plugin
   make_root
   cmake --preset emulated >"$emulated/configure.log" 2>&1 || fail 1 "cmake failed; $emulated/configure.log has its words"
   cmake --build --preset emulated --target "$@"
