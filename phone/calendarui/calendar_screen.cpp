@@ -26,9 +26,7 @@ constexpr double kTextSize = 17;
 
 enum Alignment : NSInteger { kLeft = 0, kCenter = 1, kRight = 2 };
 
-UIColor* color(double red, double green, double blue) {
-  return objc::sendToClass<"UIColor", "colorWithRed:green:blue:alpha:", UIColor*>(red, green, blue, 1.0);
-}
+UIColor* color(double red, double green, double blue) { return UIColor::colorWithRed(red, green, blue, 1); }
 UIColor* backdropColor() { return color(0.937, 0.937, 0.957); }
 UIColor* barColor() { return color(0.97, 0.97, 0.97); }
 UIColor* rowColor() { return color(1, 1, 1); }
@@ -59,7 +57,7 @@ class Sheet {
     addText(bar.leftButton, {{kInset, kStatusHeight}, {kButtonWidth, kFieldHeight}}, tintColor(), kLeft);
     UILabel* const title = addText(bar.title, {{middle, kStatusHeight}, {width_ - 2 * middle, kFieldHeight}},
                                    textColor(), kCenter);
-    title->setFont(objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(kTextSize));
+    title->setFont(objc::sendToClass<"UIFont", "boldSystemFontOfSize:", UIFont*>(CGFloat{kTextSize}));
     addText(bar.rightButton, {{width_ - middle, kStatusHeight}, {kButtonWidth, kFieldHeight}}, tintColor(),
             kRight);
     bottom_ = kBarHeight;
