@@ -35,7 +35,10 @@ class Stub:
 
 
 def check_exports(report, library, source):
-    found = re.findall(r"^0x[0-9A-F]+ +(\S+)$", objdump(library, "--exports-trie"), re.MULTILINE)
+    found = {name: int(address, 16) for address, name in
+             re.findall(r"^0x([0-9A-F]+) +(\S+)$", objdump(library, "--exports-trie"), re.MULTILINE)}
+    for name in re.findall(r"\[Thumb\] (\S+)$", output_of("llvm-nm-14", "--format=darwin", library), re.MULTILINE):
+        report.expect(found.get(name, 1) % 2 == 1, f"{name} is offered as code of another kind than it is")
     report.same("exports", found, ["_" + name for name in (source / "tavimo/exports.txt").read_text().split()])
 
 
