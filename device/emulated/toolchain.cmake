@@ -12,6 +12,8 @@ if(TAVIMO_EMULATED_PROCESSOR STREQUAL armv7)
   set(processor_flags "-march=armv7-a -mfpu=vfpv3-d16 -mfloat-abi=softfp")
   # Coordinates are floats there; the stand-in computes with doubles.
   string(APPEND processor_flags " -Wno-narrowing")
+  # Folders of this machine's have entries at places that 32 bits do not hold.
+  string(APPEND processor_flags " -D_FILE_OFFSET_BITS=64")
 else()
   set(CMAKE_SYSTEM_PROCESSOR aarch64)
   set(system aarch64-linux-gnu)
