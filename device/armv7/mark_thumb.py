@@ -6,19 +6,9 @@ usage: python3 mark_thumb.py LIBRARY
 import struct
 import sys
 
-LC_SYMTAB, LC_DYLD_INFO_ONLY = 0x2, 0x80000022
-HEADER_SIZE = 28
-SYMBOL_SIZE = 12
+from load_commands import LC_DYLD_INFO_ONLY, LC_SYMTAB, SYMBOL_SIZE, load_commands
+
 IS_THUMB = 0x8
-
-
-def load_commands(data):
-    count, = struct.unpack_from("<I", data, 16)
-    at = HEADER_SIZE
-    for _ in range(count):
-        command, size = struct.unpack_from("<II", data, at)
-        yield command, at
-        at += size
 
 
 def text_at(data, at):
