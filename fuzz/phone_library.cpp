@@ -18,17 +18,19 @@ class PhoneLibraryTarget : public Target {
   void tryInput(std::string_view bytes) override {
     const device::Bytes file = std::as_bytes(std::span(bytes));
     device::isPhoneLibrary(file);
-    try {
-      load(file);
-    } catch (const device::BadLibrary& reason) {
-      const std::string text = reason.what();
-      require(!text.empty() && text.find('\n') == std::string::npos, "a refusal is one line");
+    for (const auto processor : {device::Processor::kArm64, device::Processor::kArm32}) {
+      try {
+        load(file, processor);
+      } catch (const device::BadLibrary& reason) {
+        const std::string text = reason.what();
+        require(!text.empty() && text.find('\n') == std::string::npos, "a refusal is one line");
+      }
     }
   }
 
  private:
-  static void load(device::Bytes file) {
-    const device::Image image(file, offered);
+  static void load(device::Bytes file, device::Processor processor) {
+    const device::Image image(file, offered, processor);
     for (const char* const name : {"early", "count", "a", ""}) {
       void* const address = image.address(name);
       if (address == nullptr) continue;

@@ -1,6 +1,9 @@
 # Linking for 32-bit ARM. lld 14 has no such linker; lld 13's older one has, with shortcomings. The scripts beside this
-# file make up for three: indirect symbols, text stubs, weak imports. And it leaves gaps between sections as its memory
+# file make up for most of them: pointers, text stubs, weak imports, functions on offer. And it leaves gaps between sections as its memory
 # happened to be, so the C library is told to hand out zeros (the value is the complement of what it fills with).
+# Where code for Thumb ends in a jump to another library's function, it puts an instruction sequence of its own between
+# that leads astray, so no function ends in such a jump.
+target_compile_options(tavimo PRIVATE -fno-optimize-sibling-calls)
 find_program(python3 python3 REQUIRED)
 set(armv7 ${CMAKE_CURRENT_LIST_DIR})
 set(linker "env MALLOC_PERTURB_=255 ld64.lld.darwinold-13 -arch armv7 -ios_version_min 7.0 -sdk_version 9.3 -dylib")
@@ -36,4 +39,5 @@ set(CMAKE_CXX_COMPILE_OBJECT
   "<CMAKE_CXX_COMPILER> --target=${CMAKE_CXX_COMPILER_TARGET} -c <OBJECT>.s -o <OBJECT>")
 set(CMAKE_CXX_CREATE_SHARED_LIBRARY
   "${linker} -dead_strip -install_name ${install_name} -exported_symbols_list ${exported_symbols} <OBJECTS> ${inputs} -o <TARGET>"
-  "${python3} ${armv7}/mark_weak.py <TARGET> ${weak_imports}")
+  "${python3} ${armv7}/mark_weak.py <TARGET> ${weak_imports}"
+  "${python3} ${armv7}/mark_thumb.py <TARGET>")

@@ -7,21 +7,11 @@ usage: python3 mark_weak.py LIBRARY SYMBOL...
 import struct
 import sys
 
-LC_SYMTAB, LC_DYLD_INFO_ONLY = 0x2, 0x80000022
-HEADER_SIZE = 28
-SYMBOL_SIZE = 12
+from load_commands import LC_DYLD_INFO_ONLY, LC_SYMTAB, SYMBOL_SIZE, load_commands
+
 BIND_SET_SYMBOL = 0x40
 BIND_WEAK_IMPORT = 0x1
 WEAK_REFERENCE = 0x40
-
-
-def load_commands(data):
-    count, = struct.unpack_from("<I", data, 16)
-    at = HEADER_SIZE
-    for _ in range(count):
-        command, size = struct.unpack_from("<II", data, at)
-        yield command, at
-        at += size
 
 
 def mark_binding(data, at, name):

@@ -35,7 +35,10 @@ class Stub:
 
 
 def check_exports(report, library, source):
-    found = re.findall(r"^0x[0-9A-F]+ +(\S+)$", objdump(library, "--exports-trie"), re.MULTILINE)
+    found = {name: int(address, 16) for address, name in
+             re.findall(r"^0x([0-9A-F]+) +(\S+)$", objdump(library, "--exports-trie"), re.MULTILINE)}
+    for name in re.findall(r"\[Thumb\] (\S+)$", output_of("llvm-nm-14", "--format=darwin", library), re.MULTILINE):
+        report.expect(found.get(name, 1) % 2 == 1, f"{name} is offered as code of another kind than it is")
     report.same("exports", found, ["_" + name for name in (source / "tavimo/exports.txt").read_text().split()])
 
 
@@ -64,10 +67,27 @@ def check_segments(report, library, architecture):
     for name, most, first in re.findall(r"segname (\S+)\n(?:.*\n){4} +maxprot (\S+)\n +initprot (\S+)", headers):
         for protection in (most, first):
             report.expect(not {"w", "x"} <= set(protection), f"{name} can be written and executed: {protection}")
+    places = sorted((int(start, 16), int(size, 16), name)
+                    for name, start, size in re.findall(r"segname (\S+)\n +vmaddr (\S+)\n +vmsize (\S+)", headers))
+    for (start, size, name), (next_start, _, next_name) in zip(places, places[1:]):
+        report.expect(start + size <= next_start, f"{name} reaches into {next_name}")
     version = re.search(r"cmd LC_VERSION_MIN_IPHONEOS\n.*\n +version (\S+)", headers)
     report.expect(version and version[1] == "7.0", "it is not for iOS 7.0 and later")
     if architecture == "arm64":
         report.expect("sectname __unwind_info" in headers, "no unwind tables: exceptions of the host could not pass")
+
+
+def names_in(library):
+    """Texts that look like names of classes, methods and keys."""
+    return set(re.findall(rb"\0([A-Za-z][A-Za-z_:]{7,})(?=\0)", library.read_bytes()))
+
+
+def check_code(report, library):
+    """What the linker for 32-bit ARM does wrong unless it is kept from it."""
+    # Code that is the same for both processors names the same; what no pointer leads to any more is left out.
+    report.same("names in it", names_in(library), names_in(library.with_stem("Tavimo-arm64")))
+    # "add pc, pc; bx r12", in a way from Thumb code to a function of another library.
+    report.expect(b"\xff\x44\x60\x47" not in library.read_bytes(), "jumps lead astray")
 
 
 def check_pointers(report, library, architecture):
@@ -101,6 +121,8 @@ def main(arguments):
     check_imports(report, library, stubs)
     check_segments(report, library, architecture)
     check_pointers(report, library, architecture)
+    if architecture == "armv7":
+        check_code(report, pathlib.Path(library))
     size = pathlib.Path(library).stat().st_size
     report.expect(architecture != "arm64" or size <= MAX_SIZE_ARM64, f"{size} bytes; at most {MAX_SIZE_ARM64} were wanted")
     report.end()

@@ -45,6 +45,11 @@ class ByteReader {
 
   std::uint8_t byte() { return read<std::uint8_t>(); }
 
+  /// An address of that many bytes, 4 or 8.
+  std::uint64_t address(std::size_t size) {
+    return size == sizeof(std::uint64_t) ? read<std::uint64_t>() : read<std::uint32_t>();
+  }
+
   /// Seven bits a byte, the lowest first.
   std::uint64_t uleb() {
     std::uint64_t value = 0;

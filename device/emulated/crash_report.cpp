@@ -1,10 +1,13 @@
 #include "device/emulated/crash_report.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <ucontext.h>
+
+#include "device/emulated/arm32/crossing.h"
 
 namespace device {
 
@@ -20,9 +23,25 @@ struct Frame {
 
 /// The call that a function returns behind; after a call that never returns there may be another function.
 std::uintptr_t callBefore(std::uintptr_t returnAddress) {
+#if defined(__arm__)
+  // The lowest bit says that the instructions there have two bytes.
+  constexpr std::uintptr_t kInstruction = 3;
+#else
   constexpr std::uintptr_t kInstruction = 4;
+#endif
   return returnAddress - kInstruction;
 }
+
+#if defined(__arm__)
+/// The innermost call out of the plug-in; 0 when there is none. The host's functions keep no chain of calls
+/// there.
+std::uintptr_t innermostInPlugin(const Frame* /*frame*/) {
+  const std::vector<Word>& returns = returnsOfCrossings();
+  const auto found =
+      std::find_if(returns.rbegin(), returns.rend(), [](Word place) { return plugin->holds(place); });
+  return found == returns.rend() ? 0 : callBefore(*found);
+}
+#else
 
 /// The innermost call in the plug-in on the chain of calls; 0 when there is none.
 std::uintptr_t innermostInPlugin(const Frame* frame) {
@@ -35,6 +54,7 @@ std::uintptr_t innermostInPlugin(const Frame* frame) {
   }
   return 0;
 }
+#endif
 
 void report(const char* fault, std::uintptr_t place) {
   if (place == 0) {
@@ -69,6 +89,11 @@ std::uintptr_t placeOf([[maybe_unused]] const void* context) {
   const std::uintptr_t caller = callBefore(machine.regs[kLinkRegister]);
   if (plugin->holds(caller)) return caller;
   return innermostInPlugin(reinterpret_cast<const Frame*>(machine.regs[kFramePointer]));
+#elif defined(__arm__)
+  const mcontext_t& machine = static_cast<const ucontext_t*>(context)->uc_mcontext;
+  if (plugin->holds(machine.arm_pc)) return machine.arm_pc;
+  const std::uintptr_t caller = callBefore(machine.arm_lr);
+  return plugin->holds(caller) ? caller : innermostInPlugin(nullptr);
 #else
   return 0;
 #endif

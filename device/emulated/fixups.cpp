@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::uint8_t kOperationMask = 0xf0;
 constexpr std::uint8_t kImmediateMask = 0x0f;
-constexpr std::uint64_t kPointer = sizeof(std::uint64_t);
 /// Far more places than any plug-in fills; instructions can claim any number.
 constexpr std::uint64_t kMaxFixups = 100'000;
 
@@ -27,25 +26,31 @@ class Cursor {
                        ", and there is none");
     }
     segment_ = &library_.segments[segment];
-    offset_ = offset;
+    offset_ = wrapped(offset);
   }
 
-  void add(std::uint64_t distance) { offset_ += distance; }
+  void add(std::uint64_t distance) { offset_ = wrapped(offset_ + distance); }
+  void addPointers(std::uint64_t count) { add(count * library_.pointerSize()); }
 
   /// The place, after which the cursor stands behind it.
   std::uint64_t next() {
     if (++count_ > kMaxFixups)
       throw BadLibrary(std::string(what_) + " fills more places than any plug-in has");
     if (segment_ == nullptr || !segment_->isWritable || offset_ > segment_->size ||
-        segment_->size - offset_ < kPointer) {
+        segment_->size - offset_ < library_.pointerSize()) {
       throw BadLibrary(std::string(what_) + " writes outside the library's data");
     }
     const std::uint64_t place = segment_->address + offset_;
-    offset_ += kPointer;
+    offset_ += library_.pointerSize();
     return place;
   }
 
  private:
+  /// Steps back are written as steps forward past the end of the addresses.
+  std::uint64_t wrapped(std::uint64_t offset) const {
+    return library_.pointerSize() == sizeof(std::uint64_t) ? offset : static_cast<std::uint32_t>(offset);
+  }
+
   const LibraryFile& library_;
   const char* what_;
   const Segment* segment_ = nullptr;
@@ -135,7 +140,7 @@ void readBindings(const LibraryFile& library, Bytes instructions, const char* wh
         break;
       case kBindOnceAndAddPointers:
         bind();
-        cursor.add(immediate * kPointer);
+        cursor.addPointers(immediate);
         break;
       case kBindTimesSkipping: {
         const std::uint64_t times = reader.uleb();
@@ -181,7 +186,7 @@ std::vector<std::uint64_t> rebasePlaces(const LibraryFile& library) {
         cursor.add(reader.uleb());
         break;
       case kRebaseAddPointers:
-        cursor.add(immediate * kPointer);
+        cursor.addPointers(immediate);
         break;
       case kRebaseTimes:
         rebase(immediate, 0);
@@ -217,10 +222,10 @@ std::uint64_t exportedAddress(const LibraryFile& library, const std::string& nam
   if (library.exports.empty()) return kNoAddress;
   ByteReader reader(library.exports, kWhat);
   std::string_view rest = name;
+  bool wasEdgeEmpty = false;
   while (true) {
     const std::uint64_t length = reader.uleb();
-    if (rest.empty()) {
-      if (length == 0) return kNoAddress;
+    if (rest.empty() && length != 0) {
       if (reader.uleb() != 0) throw BadLibrary(name + " is offered in a way that no plug-in needs");
       return reader.uleb();
     }
@@ -229,9 +234,11 @@ std::uint64_t exportedAddress(const LibraryFile& library, const std::string& nam
     for (std::uint8_t children = reader.byte(); children > 0; --children) {
       const std::string_view edge = reader.text();
       const std::uint64_t node = reader.uleb();
-      // A name only gets shorter, so a list that leads back into itself ends as well.
-      if (!edge.empty() && rest.starts_with(edge)) {
+      // An edge without characters is how some linkers end a name that begins others. As two of them never
+      // follow each other, a name gets shorter, and a list that leads back into itself ends as well.
+      if (rest.starts_with(edge) && !(edge.empty() && wasEdgeEmpty)) {
         rest.remove_prefix(edge.size());
+        wasEdgeEmpty = edge.empty();
         child = node;
         break;
       }

@@ -20,7 +20,8 @@ std::string sourceName(std::string_view name) {
 
 }  // namespace
 
-Image::Image(Bytes file, NameLookup lookUp) : library_(readLibrary(file)), symbols_(library_) {
+Image::Image(Bytes file, NameLookup lookUp, Processor processor)
+    : library_(readLibrary(file, processor)), symbols_(library_) {
   reserve();
   try {
     fill();
@@ -41,7 +42,10 @@ void Image::reserve() {
   size_ = wholePages(end);
   // The same place in every run where that is free, for instruction_count.c and for reports that can be
   // compared.
-  void* const wanted = reinterpret_cast<void*>(0x1000000000);
+  constexpr std::uint64_t kPlace = 0x1000000000;
+  constexpr std::uint64_t kPlaceOf32Bits = 0x10000000;
+  auto* const wanted = reinterpret_cast<void*>(
+      static_cast<std::uintptr_t>(library_.processor == Processor::kArm64 ? kPlace : kPlaceOf32Bits));
   void* const memory = mmap(wanted, size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (memory == MAP_FAILED) throw BadLibrary("there is not enough memory for it");
   memory_ = static_cast<std::byte*>(memory);
@@ -55,10 +59,7 @@ void Image::fill() {
 
 void Image::adjust() {
   for (const std::uint64_t place : rebasePlaces(library_)) {
-    std::uint64_t value = 0;
-    std::memcpy(&value, at(place), sizeof(value));
-    value += reinterpret_cast<std::uintptr_t>(memory_);
-    std::memcpy(at(place), &value, sizeof(value));
+    setAddressAt(place, addressAt(place) + reinterpret_cast<std::uintptr_t>(memory_));
   }
 }
 
@@ -72,11 +73,19 @@ void Image::bind(NameLookup lookUp) {
       throw BadLibrary("it asks for " + printable(sourceName(binding.name)) + " of " + from +
                        ", and nobody here offers that");
     }
-    const std::uint64_t value = offered == nullptr ? 0
+    setAddressAt(binding.place, offered == nullptr ? 0
                                                    : reinterpret_cast<std::uintptr_t>(offered) +
-                                                         static_cast<std::uint64_t>(binding.addend);
-    std::memcpy(at(binding.place), &value, sizeof(value));
+                                                         static_cast<std::uint64_t>(binding.addend));
   }
+}
+
+std::uint64_t Image::addressAt(std::uint64_t place) const {
+  return ByteReader({at(place), library_.pointerSize()}, "an address").address(library_.pointerSize());
+}
+
+/// Of an address that is wider than the library's, as only this machine's own can be, the lower half is left.
+void Image::setAddressAt(std::uint64_t place, std::uint64_t address) {
+  std::memcpy(at(place), &address, library_.pointerSize());
 }
 
 void Image::protect() {
@@ -93,17 +102,18 @@ void Image::protect() {
   }
 }
 
-void Image::start() const {
+std::vector<void*> Image::initializers() const {
+  std::vector<void*> functions;
   for (const std::uint64_t place : library_.initializers) {
-    std::uintptr_t function = 0;
-    std::memcpy(&function, at(place), sizeof(function));
+    const auto function = static_cast<std::uintptr_t>(addressAt(place));
     const Segment* const segment =
         holds(function) ? library_.segmentAt(function - reinterpret_cast<std::uintptr_t>(memory_), 4)
                         : nullptr;
     if (segment == nullptr || !segment->isExecutable)
       throw BadLibrary("an initialiser lies outside its code");
-    reinterpret_cast<void (*)()>(function)();
+    functions.push_back(reinterpret_cast<void*>(function));
   }
+  return functions;
 }
 
 void* Image::address(const std::string& name) const {
@@ -121,7 +131,7 @@ std::string Image::describe(std::uintptr_t address) const {
 }
 
 void Image::takeSymbols(Bytes file) {
-  const LibraryFile whole = readLibrary(file);
+  const LibraryFile whole = readLibrary(file, library_.processor);
   if (whole.identity == library_.identity) symbols_ = SymbolTable(whole);
 }
 

@@ -13,13 +13,13 @@ class Image {
  public:
   /// Maps the library, joins it to the names that it asks for, and gives its segments their own rights.
   /// Throws BadLibrary.
-  Image(Bytes file, NameLookup lookUp);
+  Image(Bytes file, NameLookup lookUp, Processor processor = kLoadedProcessor);
   ~Image();
   Image(const Image&) = delete;
   Image& operator=(const Image&) = delete;
 
-  /// Runs the library's initialisers. Throws BadLibrary.
-  void start() const;
+  /// The library's functions that want to be called before any other, in this order. Throws BadLibrary.
+  std::vector<void*> initializers() const;
 
   /// Address of an offered name, or nil.
   void* address(const std::string& name) const;
@@ -38,6 +38,8 @@ class Image {
   void adjust();
   void bind(NameLookup lookUp);
   void protect();
+  std::uint64_t addressAt(std::uint64_t place) const;
+  void setAddressAt(std::uint64_t place, std::uint64_t address);
   std::byte* at(std::uint64_t address) const { return memory_ + address; }
 
   LibraryFile library_;

@@ -11,7 +11,6 @@ namespace {
 constexpr std::uint32_t kMagic64 = 0xfeedfacf;
 constexpr std::uint32_t kMagic32 = 0xfeedface;
 constexpr std::uint32_t kFatMagic = 0xbebafeca;  // Big-endian in the file.
-constexpr std::uint32_t kArm64 = 0x0100000c;
 constexpr std::uint32_t kDynamicLibrary = 6;
 constexpr std::uint32_t kMaxFatSlices = 32;
 
@@ -24,6 +23,7 @@ constexpr std::uint32_t kMaxSymbols = 1'000'000;
 constexpr int kLastMajorRelease = 9;
 
 enum Command : std::uint32_t {
+  kSegment32 = 0x1,
   kSegment64 = 0x19,
   kSymbolTable = 0x2,
   kDynamicSymbolTable = 0xb,
@@ -31,6 +31,7 @@ enum Command : std::uint32_t {
   kLibraryIdentity = 0xd,
   kUuid = 0x1b,
   kCodeSignature = 0x1d,
+  kEncryption32 = 0x21,
   kMinimumRelease = 0x25,
   kFunctionStarts = 0x26,
   kDataInCode = 0x29,
@@ -43,17 +44,20 @@ enum Command : std::uint32_t {
 /// A command of this bit must be understood by whoever loads the library.
 constexpr std::uint32_t kMustBeUnderstood = 0x80000000;
 
+// `Word` is a number as wide as the library's addresses.
+template <typename Word>
 struct SegmentCommand {
   std::array<char, 16> name;
-  std::uint64_t address, size, offset, fileSize;
+  Word address, size, offset, fileSize;
   std::uint32_t maximalProtection, protection, sectionCount, flags;
 };
 
+template <typename Word>
 struct SectionHeader {
   std::array<char, 16> name, segmentName;
-  std::uint64_t address, size;
+  Word address, size;
   std::uint32_t offset, alignment, relocations, relocationCount, flags;
-  std::array<std::uint32_t, 3> reserved;
+  std::array<std::uint32_t, sizeof(Word) / 4 + 1> reserved;
 };
 
 struct FatSlice {
@@ -69,9 +73,9 @@ std::string textOf(const std::array<char, 16>& name) {
 
 std::string processorName(std::uint32_t processor) {
   switch (processor) {
-    case kArm64:
+    case static_cast<std::uint32_t>(Processor::kArm64):
       return "64-bit ARM";
-    case 12:
+    case static_cast<std::uint32_t>(Processor::kArm32):
       return "32-bit ARM";
     case 0x01000007:
       return "x86-64";
@@ -92,8 +96,8 @@ Bytes part(Bytes file, std::uint64_t offset, std::uint64_t size, const std::stri
   return file.subspan(offset, size);
 }
 
-/// Of a file for several processors, the library for 64-bit phones.
-Bytes sliceOf(Bytes file) {
+/// Of a file for several processors, the library for one.
+Bytes sliceOf(Bytes file, std::uint32_t wanted) {
   ByteReader reader(file, "the list of processors");
   if (reader.read<std::uint32_t>() != kFatMagic) return file;
   const std::uint32_t count = __builtin_bswap32(reader.read<std::uint32_t>());
@@ -103,27 +107,32 @@ Bytes sliceOf(Bytes file) {
   for (std::uint32_t i = 0; i < count; ++i) {
     const auto slice = reader.read<FatSlice>();
     const std::uint32_t processor = __builtin_bswap32(slice.processor);
-    if (processor == kArm64) {
+    if (processor == wanted) {
       return part(file, __builtin_bswap32(slice.offset), __builtin_bswap32(slice.size),
-                  "the library for 64-bit ARM");
+                  "the library for " + processorName(wanted));
     }
     others += (others.empty() ? "" : ", ") + processorName(processor);
   }
-  throw BadLibrary("it holds libraries for " + (others.empty() ? "no processor" : others) +
-                   "; one for 64-bit ARM is wanted");
+  throw BadLibrary("it holds libraries for " + (others.empty() ? "no processor" : others) + "; one for " +
+                   processorName(wanted) + " is wanted");
 }
 
 class LibraryReader {
  public:
-  explicit LibraryReader(Bytes bytes) : bytes_(bytes) {}
+  LibraryReader(Bytes bytes, Processor wanted) : bytes_(bytes) { library_.processor = wanted; }
 
   LibraryFile read() {
     ByteReader header(bytes_, "the header");
     const auto magic = header.read<std::uint32_t>();
     if (magic != kMagic64 && magic != kMagic32) throw BadLibrary("it is no library for phones");
     const auto processor = header.read<std::uint32_t>();
-    if (magic == kMagic32 || processor != kArm64) {
-      throw BadLibrary("it is for " + processorName(processor) + "; one for 64-bit ARM is wanted");
+    if (const auto wanted = static_cast<std::uint32_t>(library_.processor); processor != wanted) {
+      throw BadLibrary("it is for " + processorName(processor) + "; one for " + processorName(wanted) +
+                       " is wanted");
+    }
+    const bool is64Bit = library_.pointerSize() == sizeof(std::uint64_t);
+    if (is64Bit != (magic == kMagic64)) {
+      throw BadLibrary("its addresses are not as wide as those of " + processorName(processor));
     }
     header.skip(4);
     const auto kind = header.read<std::uint32_t>();
@@ -132,7 +141,7 @@ class LibraryReader {
     }
     const auto count = header.read<std::uint32_t>();
     const auto size = header.read<std::uint32_t>();
-    header.skip(8);
+    header.skip(is64Bit ? 8 : 4);
     ByteReader commands(part(bytes_, header.position(), size, "the list of load commands"),
                         "the list of load commands");
     for (std::uint32_t i = 0; i < count; ++i) readCommand(commands);
@@ -149,7 +158,10 @@ class LibraryReader {
     if (size < 8) throw BadLibrary("a load command claims to be " + std::to_string(size) + " bytes long");
     switch (command) {
       case kSegment64:
-        readSegment(commands);
+        readSegment<std::uint64_t>(commands);
+        break;
+      case kSegment32:
+        readSegment<std::uint32_t>(commands);
         break;
       case kLoadLibrary:
       case kWeakLibrary:
@@ -161,6 +173,7 @@ class LibraryReader {
       case kMinimumRelease:
         checkRelease(commands.read<std::uint32_t>());
         break;
+      case kEncryption32:
       case kEncryption64:
         commands.skip(8);
         if (commands.read<std::uint32_t>() != 0) throw BadLibrary("it is encrypted");
@@ -200,8 +213,11 @@ class LibraryReader {
     }
   }
 
+  template <typename Word>
   void readSegment(ByteReader& commands) {
-    const auto command = commands.read<SegmentCommand>();
+    if (sizeof(Word) != library_.pointerSize())
+      throw BadLibrary("it describes a segment in the form of a processor that it is not for");
+    const auto command = commands.read<SegmentCommand<Word>>();
     const std::string name = textOf(command.name);
     const Bytes content = part(bytes_, command.offset, command.fileSize, "the segment " + name);
     if (command.address % kPage != 0 || command.size > kMaxMemory || command.address > kMaxMemory ||
@@ -223,7 +239,7 @@ class LibraryReader {
       throw BadLibrary("the segment " + name + " can be written and executed, which a phone forbids");
     }
     for (std::uint32_t i = 0; i < command.sectionCount; ++i) {
-      const auto section = commands.read<SectionHeader>();
+      const auto section = commands.read<SectionHeader<Word>>();
       if ((section.flags & kSectionTypeMask) == kInitializerPointers) {
         initializerSections_.emplace_back(section.address, section.size);
       }
@@ -251,9 +267,10 @@ class LibraryReader {
 
   void readSymbolTable(ByteReader& commands) {
     const auto place = commands.read<std::array<std::uint32_t, 4>>();
-    constexpr std::uint64_t kEntry = 16;
     if (place[1] > kMaxSymbols) throw BadLibrary("it has more symbols than any plug-in");
-    library_.symbols = part(bytes_, place[0], place[1] * kEntry, "the table of symbols");
+    // Two words of four bytes and an address.
+    const std::uint64_t size = place[1] * (8 + library_.pointerSize());
+    library_.symbols = part(bytes_, place[0], size, "the table of symbols");
     library_.symbolNames = part(bytes_, place[2], place[3], "the table of symbols' names");
   }
 
@@ -270,14 +287,14 @@ class LibraryReader {
 
   void addInitializers(std::uint64_t address, std::uint64_t length) {
     const Segment* const segment = library_.segmentAt(address, length);
-    if (segment == nullptr || length % sizeof(std::uint64_t) != 0 || address % sizeof(std::uint64_t) != 0) {
+    const std::size_t pointer = library_.pointerSize();
+    if (segment == nullptr || length % pointer != 0 || address % pointer != 0) {
       throw BadLibrary("its list of initialisers lies outside its memory");
     }
-    if (length / sizeof(std::uint64_t) > kMaxInitializers - library_.initializers.size()) {
+    if (length / pointer > kMaxInitializers - library_.initializers.size()) {
       throw BadLibrary("it has more initialisers than any plug-in");
     }
-    for (std::uint64_t at = 0; at < length; at += sizeof(std::uint64_t))
-      library_.initializers.push_back(address + at);
+    for (std::uint64_t at = 0; at < length; at += pointer) library_.initializers.push_back(address + at);
   }
 
   Bytes bytes_;
@@ -300,6 +317,8 @@ bool isPhoneLibrary(Bytes file) {
   return magic == kMagic64 || magic == kMagic32 || magic == kFatMagic;
 }
 
-LibraryFile readLibrary(Bytes file) { return LibraryReader(sliceOf(file)).read(); }
+LibraryFile readLibrary(Bytes file, Processor wanted) {
+  return LibraryReader(sliceOf(file, static_cast<std::uint32_t>(wanted)), wanted).read();
+}
 
 }  // namespace device

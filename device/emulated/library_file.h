@@ -37,8 +37,20 @@ struct Segment {
   }
 };
 
-/// The library for 64-bit phones in a file; all of its parts point into the file's bytes.
+/// The processors of phones, by the numbers that files have for them.
+enum class Processor : std::uint32_t { kArm64 = 0x0100000c, kArm32 = 12 };
+
+/// The one whose libraries this process loads; where it can run neither kind, those for 64 bits are looked
+/// at.
+#if defined(__arm__)
+inline constexpr Processor kLoadedProcessor = Processor::kArm32;
+#else
+inline constexpr Processor kLoadedProcessor = Processor::kArm64;
+#endif
+
+/// The library for one processor in a file; all of its parts point into the file's bytes.
 struct LibraryFile {
+  Processor processor = kLoadedProcessor;
   std::vector<Segment> segments;
   /// The names of the libraries that it is linked to, for people; the first has number 1.
   std::vector<std::string> libraries;
@@ -57,6 +69,8 @@ struct LibraryFile {
   /// Places in memory that hold the addresses of functions to call once the library is loaded.
   std::vector<std::uint64_t> initializers;
 
+  /// How many bytes an address takes in its memory.
+  std::size_t pointerSize() const { return processor == Processor::kArm64 ? 8 : 4; }
   /// The segment that holds these bytes of memory, or nil.
   const Segment* segmentAt(std::uint64_t address, std::uint64_t length) const;
 };
@@ -64,7 +78,7 @@ struct LibraryFile {
 /// Whether the bytes are those of a library for phones, of one processor or several.
 bool isPhoneLibrary(Bytes file);
 
-/// The 64-bit library in the file. `file` must outlive it. Throws BadLibrary.
-LibraryFile readLibrary(Bytes file);
+/// The library for that processor in the file. `file` must outlive it. Throws BadLibrary.
+LibraryFile readLibrary(Bytes file, Processor wanted = kLoadedProcessor);
 
 }  // namespace device

@@ -1,11 +1,12 @@
-// Teaches the stand-in phone to load a library that was built for a real one. Linked into programs for 64-bit
-// ARM only.
+// Teaches the stand-in phone to load a library that was built for a real one. Linked into programs for the
+// phone's processors only.
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory>
 
 #include "device/emulated/crash_report.h"
+#include "device/emulated/entry.h"
 #include "device/emulated/names.h"
 #include "phone/objc/plugin.h"
 
@@ -22,6 +23,10 @@ const std::vector<std::byte>& keptBytes(const std::filesystem::path& path) {
   return *new std::vector<std::byte>(first, first + characters.size());
 }
 
+void (*entered(void* function, const char* encoding))() {
+  return reinterpret_cast<void (*)()>(enteredAsOnPhones(reinterpret_cast<IMP>(function), encoding));
+}
+
 class PhoneLibrary : public phone::LoadedPlugin {
  public:
   explicit PhoneLibrary(Bytes file) : image_(file, hostAddress) {
@@ -29,10 +34,14 @@ class PhoneLibrary : public phone::LoadedPlugin {
     if (const char* const symbols = std::getenv("TAVIMO_PLUGIN_SYMBOLS"))
       image_.takeSymbols(keptBytes(symbols));
     reportCrashesIn(image_);
-    image_.start();
+    for (void* const initializer : image_.initializers()) entered(initializer, "v")();
   }
 
   void* address(const char* name) override { return image_.address(name); }
+  void* function(const char* name, const char* encoding) override {
+    void* const address = image_.address(name);
+    return address == nullptr ? nullptr : reinterpret_cast<void*>(entered(address, encoding));
+  }
 
  private:
   Image image_;

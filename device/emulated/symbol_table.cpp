@@ -14,7 +14,6 @@ struct Entry {
   std::uint8_t kind;
   std::uint8_t section;
   std::uint16_t description;
-  std::uint64_t address;
 };
 
 constexpr std::uint8_t kDebuggerMask = 0xe0;
@@ -36,10 +35,11 @@ SymbolTable::SymbolTable(const LibraryFile& library) {
   ByteReader entries(library.symbols, "the table of symbols");
   while (!entries.atEnd()) {
     const auto entry = entries.read<Entry>();
+    const std::uint64_t address = entries.address(library.pointerSize());
     if ((entry.kind & kDebuggerMask) != 0 || (entry.kind & kKindMask) != kDefined) continue;
     ByteReader names(library.symbolNames, "the table of symbols' names");
     names.moveTo(entry.name);
-    byAddress_.push_back({entry.address, names.text()});
+    byAddress_.push_back({address, names.text()});
   }
   std::sort(byAddress_.begin(), byAddress_.end(),
             [](const Symbol& left, const Symbol& right) { return left.address < right.address; });

@@ -24,11 +24,9 @@ constexpr double kInset = 15;
 constexpr double kButtonWidth = 70;
 constexpr double kTextSize = 17;
 
-enum Alignment : NSInteger { kLeft = 0, kCenter = 1, kRight = 2 };
+using enum UILabel::Alignment;
 
-UIColor* color(double red, double green, double blue) {
-  return objc::sendToClass<UIColor, "colorWithRed:green:blue:alpha:", UIColor*>(red, green, blue, 1.0);
-}
+UIColor* color(double red, double green, double blue) { return UIColor::colorWithRed(red, green, blue, 1); }
 UIColor* backdropColor() { return color(0.937, 0.937, 0.957); }
 UIColor* barColor() { return color(0.97, 0.97, 0.97); }
 UIColor* rowColor() { return color(1, 1, 1); }
@@ -59,7 +57,7 @@ class Sheet {
     addText(bar.leftButton, {{kInset, kStatusHeight}, {kButtonWidth, kFieldHeight}}, tintColor(), kLeft);
     UILabel* const title = addText(bar.title, {{middle, kStatusHeight}, {width_ - 2 * middle, kFieldHeight}},
                                    textColor(), kCenter);
-    title->setFont(objc::sendToClass<UIFont, "boldSystemFontOfSize:", UIFont*>(kTextSize));
+    title->setFont(objc::sendToClass<UIFont, "boldSystemFontOfSize:", UIFont*>(CGFloat{kTextSize}));
     addText(bar.rightButton, {{width_ - middle, kStatusHeight}, {kButtonWidth, kFieldHeight}}, tintColor(),
             kRight);
     bottom_ = kBarHeight;
@@ -117,12 +115,12 @@ class Sheet {
 
   void addLine(double left, double y) { addBlock({{left, y - 0.5}, {width_ - left, 0.5}}, lineColor()); }
 
-  UILabel* addText(const std::string& text, CGRect frame, UIColor* color, Alignment alignment) {
+  UILabel* addText(const std::string& text, CGRect frame, UIColor* color, UILabel::Alignment alignment) {
     auto label = makeView<UILabel>(frame);
     label->setFont(UIFont::systemFontOfSize(kTextSize));
     label->setTextColor(color);
     label->setText(NSString::stringWithUTF8String(text.c_str()));
-    label->setTextAlignment(NSInteger{alignment});
+    label->setTextAlignment(alignment);
     view_->addSubview(label.get());
     return label.get();
   }

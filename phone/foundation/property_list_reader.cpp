@@ -82,7 +82,8 @@ Object data(plist_t node) {
   std::uint64_t length = 0;
   const char* const bytes = plist_get_data_ptr(node, &length);
   return Object::adopt(objc::send<"initWithBytes:length:", NSObject*>(
-      objc::sendToClass<"NSData", "alloc", id>(), static_cast<const void*>(bytes), NSUInteger{length}));
+      objc::sendToClass<"NSData", "alloc", id>(), static_cast<const void*>(bytes),
+      static_cast<NSUInteger>(length)));
 }
 
 struct Free {

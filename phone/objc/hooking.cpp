@@ -34,16 +34,18 @@ Method ownMethod(Class target, SEL selector) {
   return found;
 }
 
-Method inheritedMethod(Class target, SEL selector) {
-  for (Class ancestor = class_getSuperclass(target); ancestor != nullptr;
-       ancestor = class_getSuperclass(ancestor)) {
-    if (Method const method = ownMethod(ancestor, selector); method != nullptr) return method;
-  }
-  return nullptr;
-}
+/// The nearest statement of a method, from the class upwards.
+struct Statement {
+  Class owner;
+  Method method;
+};
 
-void store(IMP* displaced, IMP implementation) {
-  if (displaced != nullptr) *displaced = implementation;
+/// Both are nil when nobody states it.
+Statement nearestStatement(Class target, SEL selector) {
+  for (Class owner = target; owner != nullptr; owner = class_getSuperclass(owner)) {
+    if (Method const method = ownMethod(owner, selector); method != nullptr) return {owner, method};
+  }
+  return {};
 }
 
 }  // namespace
@@ -65,25 +67,22 @@ const char* describe(HookResult result) {
 }
 
 Method methodToDisplace(Class target, SEL selector) {
-  if (target == nullptr || selector == nullptr) return nullptr;
-  Method const own = ownMethod(target, selector);
-  return own != nullptr ? own : inheritedMethod(target, selector);
+  return selector == nullptr ? nullptr : nearestStatement(target, selector).method;
 }
 
 HookResult hookMethod(Class target, SEL selector, IMP replacement, IMP* displaced) {
   if (target == nullptr) return HookResult::kNoClass;
   if (selector == nullptr) return HookResult::kNoMethod;
   if (replacement == nullptr) return HookResult::kNoReplacement;
-  if (Method const own = ownMethod(target, selector); own != nullptr) {
-    store(displaced, method_getImplementation(own));
-    method_setImplementation(own, replacement);
+  const auto [owner, method] = nearestStatement(target, selector);
+  if (method == nullptr) return HookResult::kNoMethod;
+  if (displaced != nullptr) *displaced = method_getImplementation(method);
+  if (owner == target) {
+    method_setImplementation(method, replacement);
     return HookResult::kOwn;
   }
-  Method const inherited = inheritedMethod(target, selector);
-  if (inherited == nullptr) return HookResult::kNoMethod;
-  store(displaced, method_getImplementation(inherited));
   // class_replaceMethod would overwrite the superclass's implementation here.
-  class_addMethod(target, selector, replacement, method_getTypeEncoding(inherited));
+  class_addMethod(target, selector, replacement, method_getTypeEncoding(method));
   return HookResult::kInherited;
 }
 

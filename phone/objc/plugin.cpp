@@ -49,6 +49,16 @@ std::unique_ptr<LoadedPlugin> load(const fs::path& path) {
   return std::make_unique<SharedObject>(path);
 }
 
+LoadedPlugin& pluginWith(const char* name) {
+  if (loadedPlugin != nullptr) return *loadedPlugin;
+  throw std::runtime_error(std::string("no plug-in is loaded, asked for its ") + name);
+}
+
+void* offered(void* address, const char* name) {
+  if (address != nullptr) return address;
+  throw std::runtime_error(std::string("the plug-in lacks the name ") + name);
+}
+
 }  // namespace
 
 void addPluginFormat(PluginFormat format) { furtherFormats().push_back(format); }
@@ -62,13 +72,10 @@ void loadPlugin(const fs::path& library) {
   }
 }
 
-void* pluginAddress(const char* name) {
-  if (loadedPlugin == nullptr) {
-    throw std::runtime_error(std::string("no plug-in is loaded, asked for its ") + name);
-  }
-  void* const address = loadedPlugin->address(name);
-  if (address == nullptr) throw std::runtime_error(std::string("the plug-in lacks the name ") + name);
-  return address;
+void* pluginAddress(const char* name) { return offered(pluginWith(name).address(name), name); }
+
+void* pluginFunction(const char* name, const char* encoding) {
+  return offered(pluginWith(name).function(name, encoding), name);
 }
 
 }  // namespace phone

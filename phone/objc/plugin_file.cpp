@@ -5,6 +5,7 @@
 #include <cstring>
 #include <elf.h>
 #include <fstream>
+#include <link.h>
 #include <stdexcept>
 #include <string>
 
@@ -18,9 +19,12 @@ namespace fs = std::filesystem;
 constexpr int kThisProcessor = EM_X86_64;
 #elif defined(__aarch64__)
 constexpr int kThisProcessor = EM_AARCH64;
+#elif defined(__arm__)
+constexpr int kThisProcessor = EM_ARM;
 #else
 #error "say which processor's libraries can be loaded here"
 #endif
+constexpr int kThisWidth = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
 
 std::string processorName(int processor) {
   switch (processor) {
@@ -57,11 +61,11 @@ bool isForPhones(const std::array<unsigned char, 4>& start) {
 
 /// The system's loader maps what the program headers say, whether the file reaches that far or not. The
 /// section headers, which it needs for nothing, come last in a file.
-bool isCutOff(std::ifstream& stream, const Elf64_Ehdr& header, std::uint64_t size) {
+bool isCutOff(std::ifstream& stream, const ElfW(Ehdr) & header, std::uint64_t size) {
   if (header.e_shoff > size || std::uint64_t{header.e_shnum} * header.e_shentsize > size - header.e_shoff)
     return true;
   for (unsigned i = 0; i < header.e_phnum; ++i) {
-    Elf64_Phdr part{};
+    ElfW(Phdr) part{};
     if (!read(stream, header.e_phoff + std::uint64_t{i} * sizeof(part), part)) return true;
     if (part.p_type == PT_LOAD && (part.p_offset > size || part.p_filesz > size - part.p_offset)) return true;
   }
@@ -85,9 +89,9 @@ void requireSharedObject(const fs::path& path) {
   if (!read(stream, 0, start) || std::memcmp(start.data(), ELFMAG, SELFMAG) != 0) {
     refuse(isForPhones(start) ? "a library for phones, which \"scripts/emulate\" can run" : "no library");
   }
-  Elf64_Ehdr header{};
+  ElfW(Ehdr) header{};
   if (!read(stream, 0, header)) refuse("a library that is cut off");
-  if (header.e_ident[EI_CLASS] != ELFCLASS64 || header.e_machine != kThisProcessor) {
+  if (header.e_ident[EI_CLASS] != kThisWidth || header.e_machine != kThisProcessor) {
     refuse("a file for " + processorName(header.e_machine));
   }
   if (header.e_type != ET_DYN) refuse("no shared library but another kind of compiled file");

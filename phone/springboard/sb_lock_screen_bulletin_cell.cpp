@@ -81,7 +81,7 @@ CGRect contentBounds(Cell* self, SEL) { return self->contentView()->bounds(); }
 /// A line of text below the others; an empty one takes no room.
 double placeLine(UILabel* label, double top, double mostWidth) {
   const CGSize size = sizeWithFont(label->text(), label->font());
-  label->setFrame({{kLeftEdge, top}, {std::min(size.width, mostWidth), size.height}});
+  label->setFrame({{kLeftEdge, top}, {std::min<double>(size.width, mostWidth), size.height}});
   return top + size.height;
 }
 
@@ -94,7 +94,7 @@ void layoutSubviews(Cell* self, SEL selector) {
   const CGSize date = sizeWithFont(cell.relevanceDateLabel->text(), cell.relevanceDateLabel->font());
   const double firstLine = std::max(title.height, date.height);
   const double bottom = kVerticalMargin + firstLine;
-  const double titleWidth = std::clamp(mostWidth - date.width - kGap, 0.0, title.width);
+  const double titleWidth = std::clamp<double>(mostWidth - date.width - kGap, 0, title.width);
   cell.primaryLabel->setFrame({{kLeftEdge, bottom - title.height}, {titleWidth, title.height}});
   cell.relevanceDateLabel->setFrame({{kLeftEdge + titleWidth + kGap, bottom - date.height}, date});
   // The icon stands beside the first line, in the middle of the margin.

@@ -136,8 +136,8 @@ void scrollToRow(ListView* listView, std::size_t row) {
   if (rows.empty()) return;
   const double contentHeight = rows.back().top + rows.back().height;
   const double furthest = std::max(contentHeight - table->bounds().size.height, 0.0);
-  const double offset = std::min(rows[std::min(row, rows.size() - 1)].top, furthest);
-  table->setContentOffset(CGPoint{0, offset});
+  const double offset = std::min<double>(rows[std::min(row, rows.size() - 1)].top, furthest);
+  table->setContentOffset(CGPoint{0, static_cast<CGFloat>(offset)});
   listView->setNeedsLayout();
 }
 

@@ -127,7 +127,7 @@ void placeList(LockView* self) {
   if (!lockScreen.listView) return;
   CGRect frame = listRoom(self->bounds().size);
   if (lockScreen.isPlaying) {
-    const double taken = std::min(kNowPlayingControlsHeight, frame.size.height);
+    const double taken = std::min<double>(kNowPlayingControlsHeight, frame.size.height);
     frame.origin.y += taken;
     frame.size.height -= taken;
   }

@@ -77,8 +77,8 @@ void layoutSubviews(UITableViewCell* self, SEL) {
     return;
   }
   constexpr double kGap = 10;
-  const double firstWidth = std::min(first.width, width);
-  const double secondWidth = std::clamp(width - firstWidth - kGap, 0.0, second.width);
+  const double firstWidth = std::min<double>(first.width, width);
+  const double secondWidth = std::clamp<double>(width - firstWidth - kGap, 0, second.width);
   cell.textLabel.get()->setFrame({{kMargin, 0}, {firstWidth, content.height}});
   cell.detailTextLabel->setFrame({{content.width - kMargin - secondWidth, 0}, {secondWidth, content.height}});
 }

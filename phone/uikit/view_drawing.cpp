@@ -60,7 +60,7 @@ void drawOwnContent(cairo_t* canvas, UIView* view, const ViewState& state) {
 void paintFading(cairo_t* canvas, CGRect bounds, const ViewState& state) {
   const double top = bounds.origin.y;
   const double bottom = top + bounds.size.height;
-  const double fade = std::min(state.edgeFade / bounds.size.height, 0.5);
+  const double fade = std::min<double>(state.edgeFade / bounds.size.height, 0.5);
   cairo_pattern_t* const mask = cairo_pattern_create_linear(0, top, 0, bottom);
   cairo_pattern_add_color_stop_rgba(mask, 0, 0, 0, 0, 0);
   cairo_pattern_add_color_stop_rgba(mask, fade, 0, 0, 0, state.alpha);

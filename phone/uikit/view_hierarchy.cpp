@@ -58,7 +58,7 @@ void insert(UIView* self, UIView* view, NSUInteger index) {
     view->removeFromSuperview();
   }
   auto& all = subviewsOf(self);
-  all.insert(all.begin() + static_cast<std::ptrdiff_t>(std::min(index, all.size())), kept);
+  all.insert(all.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(index, all.size())), kept);
   stateOf<ViewState>(view).superview = self;
   self->setNeedsLayout();
   view->didMoveToSuperview();

@@ -69,6 +69,15 @@ struct MethodEncoding {
   static constexpr auto value = concatenate();
 };
 
+/// The encoding of a function: its result, then its arguments.
+template <typename Signature>
+struct FunctionEncoding;
+
+template <typename Result, typename... Arguments>
+struct FunctionEncoding<Result(Arguments...)> {
+  static constexpr auto value = (Encoding<Result>::value + ... + Encoding<Arguments>::value);
+};
+
 /// The encoding of a method whose function that is: `result function(Self*, SEL, arguments...)`.
 template <typename Result, typename Self, typename... Arguments>
 constexpr const char* encodingOf(Result (* /*method*/)(Self*, SEL, Arguments...)) {

@@ -42,6 +42,19 @@ TEST(Image, HoldsAdjustedAddressesAndWhatNamesStandFor) {
   EXPECT_FALSE(image.holds(reinterpret_cast<std::uintptr_t>(&something)));
 }
 
+TEST(Image, Of32BitsIsAdjustedInItsOwnWidth) {
+  LibraryBuilder builder(Processor::kArm32);
+  builder.rebases = "\x11\x21\x00\x51"s;
+  builder.exports = "\x00\x01_a\0\x06\x03\x00\x80\x20\x00"s;
+  const std::string file = builder.build();
+  const Image image(bytesOf(file), offered, Processor::kArm32);
+  const auto data = reinterpret_cast<std::uintptr_t>(image.address("a"));
+  std::array<std::uint32_t, 2> words{};
+  std::memcpy(words.data(), image.address("a"), sizeof(words));
+  EXPECT_EQ(words[0], static_cast<std::uint32_t>(data - 0x1000));
+  EXPECT_EQ(words[1], 0U) << "what lies behind a pointer of four bytes is left alone";
+}
+
 TEST(Image, NamesThatNobodyOffersAreSaid) {
   LibraryBuilder builder;
   builder.binds = "\x11\x40_missing\0\x71\x08\x90"s;

@@ -11,9 +11,14 @@ class Writer {
   void words(Numbers... numbers) {
     (append(static_cast<std::uint32_t>(numbers)), ...);
   }
+  /// Numbers as wide as the library's addresses.
   template <typename... Numbers>
-  void longWords(Numbers... numbers) {
-    (append(static_cast<std::uint64_t>(numbers)), ...);
+  void addresses(bool are32Bit, Numbers... numbers) {
+    if (are32Bit) {
+      words(numbers...);
+    } else {
+      (append(static_cast<std::uint64_t>(numbers)), ...);
+    }
   }
   void name(std::string text) {
     text.resize(16);
@@ -29,20 +34,22 @@ class Writer {
   }
 };
 
-constexpr std::size_t kHeaderSize = 32;
-
 std::string segmentCommand(const BuiltSegment& segment, const LibraryBuilder& library) {
   const bool hasInitializers = segment.name == "__DATA" && library.initializersSize > 0;
+  const bool is32Bit = library.is32Bit;
+  const std::size_t size = is32Bit ? 56 : 72;
+  const std::size_t sectionSize = is32Bit ? 68 : 80;
   Writer writer;
-  writer.words(0x19, hasInitializers ? 152 : 72);
+  writer.words(is32Bit ? 0x1 : 0x19, size + (hasInitializers ? sectionSize : 0));
   writer.name(segment.name);
-  writer.longWords(segment.address, segment.size, segment.offset, segment.fileSize);
+  writer.addresses(is32Bit, segment.address, segment.size, segment.offset, segment.fileSize);
   writer.words(7, segment.protection, hasInitializers ? 1 : 0, 0);
   if (hasInitializers) {
     writer.name("__mod_init_func");
     writer.name("__DATA");
-    writer.longWords(library.initializers, library.initializersSize);
-    writer.words(0, 3, 0, 0, 9, 0, 0, 0);
+    writer.addresses(is32Bit, library.initializers, library.initializersSize);
+    writer.words(0, 3, 0, 0, 9, 0, 0);
+    if (!is32Bit) writer.words(0);
   }
   return writer.bytes;
 }
@@ -64,7 +71,7 @@ std::string LibraryBuilder::build() const {
   others.words(0x25, 16, minimumRelease, 0);
   commands.push_back(others.bytes);
   others.bytes.clear();
-  others.words(0x2c, 24, 0, 0, encryption, 0);
+  others.words(is32Bit ? 0x21 : 0x2c, 24, 0, 0, encryption, 0);
   commands.push_back(others.bytes);
   if (furtherCommand != 0) {
     others.bytes.clear();
@@ -75,7 +82,7 @@ std::string LibraryBuilder::build() const {
   constexpr std::size_t kInstructionsSize = 48;
   std::size_t size = kInstructionsSize;
   for (const std::string& command : commands) size += command.size();
-  std::size_t offset = kHeaderSize + size;
+  std::size_t offset = (is32Bit ? 28 : 32) + size;
   Writer instructions;
   instructions.words(0x80000022, kInstructionsSize);
   std::string content;
@@ -86,7 +93,8 @@ std::string LibraryBuilder::build() const {
   }
 
   Writer file;
-  file.words(magic, processor, 0, kind, commands.size() + 1, size, 0, 0);
+  file.words(magic, processor, 0, kind, commands.size() + 1, size, 0);
+  if (!is32Bit) file.words(0);
   for (const std::string& command : commands) file.bytes += command;
   return file.bytes + instructions.bytes + content;
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "device/emulated/library_file.h"
+
 namespace device {
 
 struct BuiltSegment {
@@ -19,8 +21,12 @@ struct BuiltSegment {
 
 /// What goes into the file; as it stands, a library that loads.
 struct LibraryBuilder {
-  std::uint32_t magic = 0xfeedfacf;
-  std::uint32_t processor = 0x0100000c;
+  /// In the form for that processor.
+  explicit LibraryBuilder(Processor built = Processor::kArm64) : is32Bit(built == Processor::kArm32) {}
+
+  bool is32Bit;
+  std::uint32_t magic = is32Bit ? 0xfeedface : 0xfeedfacf;
+  std::uint32_t processor = is32Bit ? 12 : 0x0100000c;
   std::uint32_t kind = 6;
   std::vector<BuiltSegment> segments = {{.name = "__TEXT", .protection = 5},
                                         {.name = "__DATA", .address = 0x1000, .protection = 3},

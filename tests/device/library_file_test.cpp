@@ -17,17 +17,17 @@ using namespace std::string_literals;
 Bytes bytesOf(const std::string& text) { return std::as_bytes(std::span(text)); }
 
 /// Everything that is read of a library before it is mapped.
-void readWhole(const std::string& file) {
-  const LibraryFile library = readLibrary(bytesOf(file));
+void readWhole(const std::string& file, Processor processor) {
+  const LibraryFile library = readLibrary(bytesOf(file), processor);
   rebasePlaces(library);
   bindings(library);
   exportedAddress(library, "_name");
   SymbolTable{library};
 }
 
-std::string refusalOf(const std::string& file) {
+std::string refusalOf(const std::string& file, Processor processor = Processor::kArm64) {
   try {
-    readWhole(file);
+    readWhole(file, processor);
   } catch (const BadLibrary& reason) {
     return reason.what();
   }
@@ -45,8 +45,11 @@ TEST(LibraryFile, WhatIsWrongIsNamed) {
     std::function<void(LibraryBuilder&)> apply;
   };
   const std::vector<Damage> damages = {
-      {"it is for x86-64; one for 64-bit ARM", [](auto& library) { library.processor = 0x01000007; }},
-      {"it is for 32-bit ARM", [](auto& library) { library.magic = 0xfeedface, library.processor = 12; }},
+      {"it is for x86-64; one for ", [](auto& library) { library.processor = 0x01000007; }},
+      {"it is for x86; one for ", [](auto& library) { library.processor = 7; }},
+      {"its addresses are not as wide", [](auto& library) { library.magic ^= 0xfeedface ^ 0xfeedfacf; }},
+      {"it describes a segment in the form of a processor",
+       [](auto& library) { library.furtherCommand = library.is32Bit ? 0x19 : 0x1; }},
       {"it is no library", [](auto& library) { library.magic = 0x464c457f; }},
       {"it is a file of kind 2", [](auto& library) { library.kind = 2; }},
       {"it is for iOS 11 and later", [](auto& library) { library.minimumRelease = 0xb0000; }},
@@ -66,7 +69,7 @@ TEST(LibraryFile, WhatIsWrongIsNamed) {
        }},
       {"__DATA can be written and executed", [](auto& library) { library.segments[1].protection = 7; }},
       {"initialisers lies outside", [](auto& library) { library.initializers = 0x3000; }},
-      {"initialisers lies outside", [](auto& library) { library.initializersSize = 12; }},
+      {"initialisers lies outside", [](auto& library) { library.initializersSize = 10; }},
       {"initialisers lies outside", [](auto& library) { library.initializersSize = ~0ULL - 7; }},
       {"addresses to adjust has an unknown instruction 15", [](auto& library) { library.rebases = "\xf0"; }},
       {"addresses to adjust writes outside", [](auto& library) { library.rebases = "\x11\x51"s; }},
@@ -81,7 +84,9 @@ TEST(LibraryFile, WhatIsWrongIsNamed) {
       // Steps back to where it was, for ever.
       {"more places than any plug-in",
        [](auto& library) {
-         library.rebases = kRebasePlace + "\x80\xff\xff\xff\xff\x7f\xf8\xff\xff\xff\xff\xff\xff\xff\xff\x01"s;
+         const std::string back =
+             library.is32Bit ? "\xfc\xff\xff\xff\x0f" : "\xf8\xff\xff\xff\xff\xff\xff\xff\xff\x01";
+         library.rebases = kRebasePlace + "\x80\xff\xff\xff\xff\x7f" + back;
        }},
       {"names to look up writes outside", [](auto& library) { library.binds = kName + "\x90"; }},
       {"names to look up runs past its end", [](auto& library) { library.binds = "\x40_name"; }},
@@ -102,33 +107,39 @@ TEST(LibraryFile, WhatIsWrongIsNamed) {
       {"names on offer runs past its end", [](auto& library) { library.exports = "\x00\x01_name\x00\x40"s; }},
       {"names on offer runs past its end", [](auto& library) { library.exports = "\x7f"; }},
   };
-  EXPECT_EQ(refusalOf(LibraryBuilder{}.build()), "not refused");
-  for (const Damage& damage : damages) {
-    LibraryBuilder library;
-    damage.apply(library);
-    EXPECT_NE(refusalOf(library.build()).find(damage.refusal), std::string::npos)
-        << "wanted: " << damage.refusal << "\nsaid: " << refusalOf(library.build());
+  for (const Processor processor : {Processor::kArm64, Processor::kArm32}) {
+    EXPECT_EQ(refusalOf(LibraryBuilder(processor).build(), processor), "not refused");
+    for (const Damage& damage : damages) {
+      LibraryBuilder library(processor);
+      damage.apply(library);
+      const std::string refusal = refusalOf(library.build(), processor);
+      EXPECT_NE(refusal.find(damage.refusal), std::string::npos)
+          << (library.is32Bit ? "32" : "64") << " bits, wanted: " << damage.refusal << "\nsaid: " << refusal;
+    }
   }
 }
 
 TEST(LibraryFile, ALibraryThatIsCutOffAnywhereIsRefused) {
-  LibraryBuilder builder;
-  builder.rebases = kRebasePlace + "\x51";
-  builder.exports = "\x00\x00"s;
-  const std::string whole = builder.build();
-  ASSERT_EQ(refusalOf(whole), "not refused");
-  for (std::size_t size = 0; size < whole.size(); ++size) {
-    EXPECT_NE(refusalOf(whole.substr(0, size)), "not refused") << size << " of " << whole.size() << " bytes";
+  for (const Processor processor : {Processor::kArm64, Processor::kArm32}) {
+    LibraryBuilder builder(processor);
+    builder.rebases = kRebasePlace + "\x51";
+    builder.exports = "\x00\x00"s;
+    const std::string whole = builder.build();
+    ASSERT_EQ(refusalOf(whole, processor), "not refused");
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+      EXPECT_NE(refusalOf(whole.substr(0, size), processor), "not refused")
+          << size << " of " << whole.size() << " bytes";
+    }
   }
 }
 
-TEST(LibraryFile, OfSeveralLibrariesTheOneFor64BitPhonesIsTaken) {
+TEST(LibraryFile, OfSeveralLibrariesTheOneForTheProcessorIsTaken) {
   const auto big = [](std::uint32_t number) {
     return std::string{static_cast<char>(number >> 24), static_cast<char>(number >> 16),
                        static_cast<char>(number >> 8), static_cast<char>(number)};
   };
   const auto fat = [&](std::uint32_t processor, std::uint32_t size) {
-    const std::string first = big(12) + big(9) + big(48) + big(0) + big(0);
+    const std::string first = big(12) + big(9) + big(48) + big(size) + big(0);
     return big(0xcafebabe) + big(2) + first + big(processor) + big(0) + big(48) + big(size) + big(0);
   };
   LibraryBuilder builder;
@@ -136,6 +147,8 @@ TEST(LibraryFile, OfSeveralLibrariesTheOneFor64BitPhonesIsTaken) {
   const auto size = static_cast<std::uint32_t>(slice.size());
   EXPECT_TRUE(isPhoneLibrary(bytesOf(fat(0x0100000c, size))));
   EXPECT_EQ(readLibrary(bytesOf(fat(0x0100000c, size) + slice)).libraries, builder.libraries);
+  EXPECT_EQ(refusalOf(fat(0x0100000c, size) + slice, Processor::kArm32),
+            "it is for 64-bit ARM; one for 32-bit ARM is wanted");
   EXPECT_EQ(refusalOf(fat(7, size) + slice),
             "it holds libraries for 32-bit ARM, x86; one for 64-bit ARM is wanted");
   EXPECT_EQ(refusalOf(fat(0x0100000c, size + 1) + slice).find("the library for 64-bit ARM lies beyond"), 0U);
@@ -168,6 +181,22 @@ TEST(LibraryFile, TheLoadersInstructionsAreFollowed) {
       "0 _weak 1 0 weak\n40 _weak 1 0 weak\n48 _name 1 -1\n64 _name 1 -1\n80 _name 1 -1\n64 _later 1 0\n");
 }
 
+TEST(LibraryFile, TheLoadersInstructionsCountIn32BitAddresses) {
+  LibraryBuilder builder(Processor::kArm32);
+  // Two in a row; one after another; one and back by 12 bytes, as a step forward past the end of the
+  // addresses.
+  builder.rebases = kRebasePlace + "\x52\x41\x51\x70\xf4\xff\xff\xff\x0f\x51"s;
+  builder.binds = "\x11"s + kName + "\x51" + kPlace + "\xb1\xc0\x02\x04\x00"s;
+  builder.initializersSize = 12;
+  const std::string file = builder.build();
+  const LibraryFile library = readLibrary(bytesOf(file), Processor::kArm32);
+  EXPECT_EQ(rebasePlaces(library), (std::vector<std::uint64_t>{0x1000, 0x1004, 0x100c, 0x1010, 0x1008}));
+  std::vector<std::uint64_t> places;
+  for (const Binding& binding : bindings(library)) places.push_back(binding.place);
+  EXPECT_EQ(places, (std::vector<std::uint64_t>{0x1000, 0x1008, 0x1010}));
+  EXPECT_EQ(library.initializers, (std::vector<std::uint64_t>{0x1000, 0x1004, 0x1008}));
+}
+
 TEST(LibraryFile, OfferedNamesAreFound) {
   LibraryBuilder builder;
   // "_ab" at 0x1234, "_abc" at 0x40, "_b" offered on behalf of another library; each node with its place.
@@ -190,6 +219,22 @@ TEST(LibraryFile, OfferedNamesAreFound) {
   EXPECT_EQ(exportedAddress(library, "_a"), kNoAddress);
   EXPECT_EQ(exportedAddress(library, "_"), kNoAddress);
   EXPECT_THROW(exportedAddress(library, "_b"), BadLibrary);
+}
+
+TEST(LibraryFile, OfferedNamesMayEndWithAnEdgeOfNoCharacters) {
+  LibraryBuilder builder;
+  // "_a" at 0x40 through such an edge, beside "_ab" at 0x50; another leads back to where it starts.
+  builder.exports =
+      "\x00\x01_a\x00\x06"s  // 0
+      "\x00\x02"
+      "b\x00\x0d\x00\x12"s          // 6
+      "\x02\x00\x50\x00\x00"s       // 13
+      "\x02\x00\x40\x01\x00\x06"s;  // 18
+  const std::string file = builder.build();
+  const LibraryFile library = readLibrary(bytesOf(file));
+  EXPECT_EQ(exportedAddress(library, "_a"), 0x40U);
+  EXPECT_EQ(exportedAddress(library, "_ab"), 0x50U);
+  EXPECT_EQ(exportedAddress(library, "_ac"), kNoAddress);
 }
 
 }  // namespace

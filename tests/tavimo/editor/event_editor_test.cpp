@@ -55,7 +55,7 @@ TEST_P(EditList, HasTheItemAtTheReleasesPlace) {
   EXPECT_EQ(groupAt(editor.get(), 3)->count(), ios8 ? 3U : 2U);
 
   // Lists that end before the place get the item at their end.
-  for (const std::size_t fields : {0UL, 1UL, place - 1, place, place + 1}) {
+  for (const std::size_t fields : {std::size_t{0}, std::size_t{1}, place - 1, place, place + 1}) {
     const auto another = phone.editor(event.get(), {.fields = fields});
     EXPECT_EQ(classesOf(RecordingCalendar::editItems(another.get())),
               fieldsWithOwnAt(fields, std::min(fields, place)));

@@ -1,6 +1,7 @@
 // What a host or a record can be in ways that the phone's own never are: nothing breaks, and what is not the
 // plug-in's stays the host's.
 #include <cmath>
+#include <limits>
 
 #include "phone/objc/class_definition.h"
 #include "platform/foundation/ns_number.h"
@@ -108,7 +109,7 @@ TEST(HostileHost, CellWithoutAnyLabelOrFont) {
   SBLockScreenBulletinCell* const cell = phone.cellAt(0);
   phone.measure("", {0, 0});
   exported<UIColor*>("textColor") = nullptr;
-  for (const NSInteger size : {NSInteger{0}, NSInteger{-5}, NSInteger{1} << 40}) {
+  for (const NSInteger size : {NSInteger{0}, NSInteger{-5}, std::numeric_limits<NSInteger>::max()}) {
     exported<NSInteger>("textSize") = size;
     objc::send<"layoutSubviews">(cell);
     EXPECT_TRUE(std::isfinite(phone.height(0)));

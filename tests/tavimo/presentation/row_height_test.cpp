@@ -48,7 +48,7 @@ TEST(RowHeight, IsADoubleAndTheCacheHoldsAFloat) {
   RecordingLockScreen phone;
   phone.measure("AAAAAAAAAAA", {88, 17.1});
   SBAwayBulletinListItem* const item = phone.add("Tavimo 0");
-  const double height = 17.1 + 13.0 + 13.0;
+  const CGFloat height = 17.1 + 13.0 + 13.0;
   EXPECT_EQ(phone.height(0), height);
   auto* cached = static_cast<NSNumber*>(heightCache(phone)->objectForKey(item));
   EXPECT_EQ(cached->doubleValue(), static_cast<double>(static_cast<float>(height)));

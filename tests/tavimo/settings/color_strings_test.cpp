@@ -42,8 +42,8 @@ TEST(ColorStrings, SixDigitsBehindAnyCharacterAreRead) {
   for (const auto& row : rows) {
     const auto color = parsed(text(row.colorText));
     const CGFloat* const parts = CGColorGetComponents(color->getCGColor());
-    EXPECT_EQ((std::vector<double>{parts, parts + 4}),
-              (std::vector<double>{row.red / 255.0, row.green / 255.0, row.blue / 255.0, 1}))
+    EXPECT_EQ((std::vector<CGFloat>{parts, parts + 4}),
+              (std::vector<CGFloat>{row.red / 255.0, row.green / 255.0, row.blue / 255.0, 1}))
         << row.colorText;
   }
   EXPECT_EQ(written(parsed(nullptr).get()), "#FFFFFF");

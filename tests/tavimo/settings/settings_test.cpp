@@ -1,5 +1,6 @@
 // The settings file and what becomes of it in the settings model.
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "phone/foundation/log_sink.h"
 #include "platform/coregraphics/cg_color.h"
@@ -11,10 +12,14 @@ namespace phone {
 namespace {
 
 using Lines = std::vector<std::string>;
-using Color = std::vector<double>;
+using Color = std::vector<CGFloat>;
 
 const Color kWhite{1, 1, 1, 1};
 const Color kGray{0.5, 0.5, 0.5, 1};
+const Color kRed{1, 0, 0, 1};
+
+/// A 32-bit phone's integers keep the lower half of a longer number.
+constexpr bool kIs64Bit = sizeof(NSInteger) == 8;
 
 bool flag(const char* name) { return exported<bool>(name); }
 NSInteger number(const char* name) { return exported<NSInteger>(name); }
@@ -31,7 +36,7 @@ Color color(const char* name) {
 std::string entry(const std::string& key, const std::string& value) {
   return "<key>" + key + "</key>" + value;
 }
-std::string integer(long value) { return "<integer>" + std::to_string(value) + "</integer>"; }
+std::string integer(std::int64_t value) { return "<integer>" + std::to_string(value) + "</integer>"; }
 std::string string(const std::string& value) { return "<string>" + value + "</string>"; }
 
 /// What every field holds when nothing is set; `what` tells the loads of one test apart.
@@ -211,8 +216,8 @@ TEST(Settings, NumbersAreKeptAsReadOrBroughtIntoTheirRange) {
               {string("none"), 0, 0, 0},
               {"<real>1.9</real>", 1, 1, 1},
               {"<true/>", 1, 1, 1},
-              // Sizes keep 32 bits of a number, the others all of it.
-              {integer(0x100000001L), 1, 2, 1}};
+              // Sizes keep 32 bits of a number, the others what fits into the phone's integer.
+              {integer(0x100000001), 1, kIs64Bit ? 2 : 1, 1}};
   for (const auto& [value, size, blurMode, action] : rows) {
     SCOPED_TRACE(value);
     phone.settings(everyKey(value));
@@ -224,7 +229,7 @@ TEST(Settings, NumbersAreKeptAsReadOrBroughtIntoTheirRange) {
     EXPECT_EQ(number("wallpaperBlurMode"), blurMode);
     EXPECT_EQ(number("swipeAction"), action);
   }
-  for (const long extreme : {2147483647L, -2147483648L}) {
+  for (const NSInteger extreme : {std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
     phone.settings(entry("daysToDisplay", integer(extreme)) + entry("textSize", integer(extreme)));
     phone.load();
     EXPECT_EQ(number("daysToDisplay"), extreme);
@@ -236,7 +241,7 @@ TEST(Settings, ColorsAreChosenByNumber) {
   LockScreen phone;
   const Color black{0, 0, 0, 1};
   const struct {
-    long index;
+    std::int64_t index;
     Color title;
     Color date;
   } rows[] = {{0, {1, 0, 0, 1}, {1, 0, 0, 1}},
@@ -252,7 +257,7 @@ TEST(Settings, ColorsAreChosenByNumber) {
               {10, kWhite, kWhite},
               {-1, kWhite, kWhite},
               {999, kWhite, kWhite},
-              {0x100000000L, kWhite, kWhite}};
+              {0x100000000, kIs64Bit ? kWhite : kRed, kIs64Bit ? kWhite : kRed}};
   for (const auto& [index, title, date] : rows) {
     SCOPED_TRACE(index);
     phone.settings(everyKey(integer(index)));

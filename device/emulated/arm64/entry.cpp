@@ -1,12 +1,9 @@
+// 64-bit ARM, where the phone and Linux agree on all but small arguments and variable ones. The phone's
+// compilers extend a small argument, such as a boolean, to 32 bits before the call and rely on it; this
+// machine's leave there what was in the register.
 #include "device/emulated/entry.h"
 
-#include <array>
-#include <cstdint>
-#include <cstring>
-#include <sys/mman.h>
-#include <vector>
-
-#include "device/emulated/crash_report.h"
+#include "device/emulated/code_memory.h"
 
 namespace device {
 
@@ -53,32 +50,6 @@ void extendArguments(const char* encoding, std::vector<std::uint32_t>& code) {
   }
 }
 
-/// Memory for code; what is in it is never taken back, for classes keep their methods.
-class CodeMemory {
- public:
-  CodeMemory() : start_(mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {
-    if (start_ == MAP_FAILED) reportAndEnd("there is no memory for the ways into the plug-in");
-  }
-
-  void* add(const std::vector<std::uint32_t>& code) {
-    const std::size_t length = code.size() * sizeof(code[0]);
-    if (length > kSize - used_) reportAndEnd("the plug-in has more methods than any plug-in needs");
-    auto* const place = static_cast<char*>(start_) + used_;
-    // Never writable and executable at once.
-    mprotect(start_, kSize, PROT_READ | PROT_WRITE);
-    std::memcpy(place, code.data(), length);
-    mprotect(start_, kSize, PROT_READ | PROT_EXEC);
-    __builtin___clear_cache(place, place + length);
-    used_ += length;
-    return place;
-  }
-
- private:
-  static constexpr std::size_t kSize = std::size_t{64} * 1024;
-  void* start_;
-  std::size_t used_ = 0;
-};
-
 }  // namespace
 
 IMP enteredAsOnPhones(IMP implementation, const char* encoding) {
@@ -94,8 +65,11 @@ IMP enteredAsOnPhones(IMP implementation, const char* encoding) {
   const auto aim = reinterpret_cast<std::uintptr_t>(implementation);
   code.push_back(static_cast<std::uint32_t>(aim));
   code.push_back(static_cast<std::uint32_t>(aim >> 32));
-  static CodeMemory memory;
-  return reinterpret_cast<IMP>(memory.add(code));
+  return reinterpret_cast<IMP>(placeCode(code));
 }
+
+IMP calledAsOnPhones(IMP implementation, const char* /*encoding*/) { return implementation; }
+
+void* nameAsOnPhones(void* address) { return address; }
 
 }  // namespace device
