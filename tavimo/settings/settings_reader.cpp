@@ -64,17 +64,17 @@ UIColor* readColor(NSDictionary* values, UIColor* (*colorOfIndex)(NSInteger)) {
 }
 
 template <objc::FixedString Key>
-constexpr auto kFallbackText = [] {
+consteval auto fallbackText() {
   constexpr std::string_view kText = contract::setting(Key.c_str()).fallbackText;
   objc::FixedString<kText.size() + 1> text;
   std::copy(kText.begin(), kText.end(), text.characters);
   return text;
-}();
+}
 
 template <objc::FixedString Key>
 NSString* readText(NSDictionary* values) {
   NSString* const value = objc::asKind<NSString>(values->objectForKey(constantText<Key>()));
-  return value == nullptr ? constantText<kFallbackText<Key>>() : value;
+  return value == nullptr ? constantText<fallbackText<Key>()>() : value;
 }
 
 /// Without the key, `titleColorSameAsCalendarColor` stays as it was; a value of any type, also one that is no
