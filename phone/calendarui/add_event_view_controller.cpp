@@ -8,7 +8,7 @@ ClassDefinition addEventViewController() {
 
 objc::Owned<UIViewController> makeAddEventViewController(EKEventEditViewController* frame) {
   auto screen = objc::make<UIViewController, "AddEventViewController">();
-  screen->addChildViewController(static_cast<UIViewController*>(frame));
+  screen->addChildViewController(frame);
   return screen;
 }
 

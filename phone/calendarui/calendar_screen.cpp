@@ -39,7 +39,7 @@ class Sheet {
  public:
   Sheet(const ScreenBar& bar, const ItemTable& table)
       : width_(hostOptions().screenWidth), view_(makeView<UIView>()) {
-    setBackground(view_.get(), backdropColor());
+    view_->setBackgroundColor(backdropColor());
     addBar(bar);
     for (const auto& cells : table.groups) addGroup(cells);
     if (!bar.deleteButton.empty()) addDeleteButton(bar.deleteButton);
@@ -86,8 +86,6 @@ class Sheet {
     addLine(0, bottom_);
   }
 
-  static void setBackground(UIView* view, UIColor* color) { view->setBackgroundColor(color); }
-
   void beginGroup() {
     bottom_ += kGroupGap;
     addLine(0, bottom_);
@@ -95,7 +93,7 @@ class Sheet {
 
   void addRow(UITableViewCell* cell, double height) {
     cell->setFrame({{0, bottom_}, {width_, height}});
-    setBackground(cell, rowColor());
+    cell->setBackgroundColor(rowColor());
     view_->addSubview(cell);
     bottom_ += height;
   }
@@ -109,7 +107,7 @@ class Sheet {
 
   void addBlock(CGRect frame, UIColor* color) {
     auto block = makeView<UIView>(frame);
-    setBackground(block.get(), color);
+    block->setBackgroundColor(color);
     view_->addSubview(block.get());
   }
 

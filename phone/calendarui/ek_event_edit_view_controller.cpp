@@ -33,9 +33,9 @@ objc::Owned<EKEventEditViewController> makeEditViewController(EKEvent* event, EK
                                                               NSObject* delegate) {
   auto frame = objc::make<EKEventEditViewController>();
   auto editor = objc::make<EKEventEditor>();
-  editor->setCalendarItem(static_cast<EKCalendarItem*>(event));
+  editor->setCalendarItem(event);
   editor->setStore(store);
-  frame->addChildViewController(static_cast<UIViewController*>(editor.get()));
+  frame->addChildViewController(editor.get());
   auto& state = stateOf<EditViewControllerState>(frame.get());
   state.editor = std::move(editor);
   state.delegate = delegate;

@@ -18,7 +18,7 @@ UITableViewCell* cellOf(NSObject* item, NSUInteger index) {
 }
 
 UISwitch* switchBelow(UIView* view) {
-  if (view->isKindOfClass(objc::classOf<UISwitch>())) return static_cast<UISwitch*>(view);
+  if (auto* const toggle = objc::asKind<UISwitch>(view)) return toggle;
   NSArray* const subviews = view->subviews();
   for (NSUInteger i = 0; i < subviews->count(); ++i) {
     if (auto* const found = switchBelow(static_cast<UIView*>(subviews->objectAtIndex(i)))) return found;
